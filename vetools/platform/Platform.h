@@ -1,0 +1,14 @@
+#pragma once
+
+/// The Win32 and OLE names: the system's own on Windows, declared in posix/ elsewhere.
+#if defined(_WIN32)
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#else
+#include "vetools/platform/posix/WinBase.h"
+#endif

@@ -1,0 +1,50 @@
+#pragma once
+
+namespace Unit
+{
+
+enum UNIT_TYPE : unsigned int
+{
+    UNIT_TYPE_METRIC = 0,
+    UNIT_TYPE_IMPERIAL = 1,
+};
+
+enum enumUNITFORMAT : unsigned int
+{
+    UNITFORMAT_DECIMAL = 0,
+    UNITFORMAT_FEET_INCHES = 2,
+    UNITFORMAT_IMPERIAL_DECIMAL = 3,
+    UNITFORMAT_FRACTION = 4,
+};
+
+enum UNIT_ID : unsigned int
+{
+    UNIT_ID_LENGTH = 1,
+    UNIT_ID_FORCE = 2,
+    UNIT_ID_MOMENT = 3,
+    UNIT_ID_MASS = 4,
+    UNIT_ID_ANGLE = 5,
+    UNIT_ID_ANGLE_6 = 6,
+    UNIT_ID_STRESS = 7,
+    UNIT_ID_TIME = 8,
+    UNIT_ID_LENGTH_9 = 9,
+    UNIT_ID_TEMPERATURE = 10,
+    UNIT_ID_DIMENSIONLESS = 11,
+    UNIT_ID_LENGTH_12 = 12,
+    UNIT_ID_LENGTH_13 = 13,
+    UNIT_ID_LENGTH_14 = 14,
+    UNIT_ID_ENERGY = 15,
+    UNIT_ID_VELOCITY = 16,
+    UNIT_ID_ACCELERATION = 17,
+    UNIT_ID_RATIO = 18,
+    UNIT_ID_LENGTH_19 = 19,
+    UNIT_ID_FREQUENCY = 20,
+    UNIT_ID_LENGTH_21 = 21,
+    UNIT_ID_LENGTH_22 = 22,
+    UNIT_ID_LENGTH_23 = 23,
+    UNIT_ID_LENGTH_24 = 24,
+    UNIT_ID_LENGTH_25 = 25,
+    UNIT_ID_LENGTH_26 = 26,
+};
+
+} // namespace Unit
