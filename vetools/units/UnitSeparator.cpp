@@ -1,0 +1,3 @@
+#include "vetools/units/UnitSeparator.h"
+
+wchar_t CVeUnitSeparator::m_cSep = L'.';
