@@ -3,6 +3,9 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+# Programs that are added from here on find the library where it is installed.
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
 set(VETOOLS_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/VeTools")
 
 install(TARGETS vetools EXPORT VeToolsTargets
