@@ -2,7 +2,9 @@
 
 /// Everything that VeTools offers, for hosts that do not choose among the headers.
 
+#include "vetools/framework/CException.h"
 #include "vetools/framework/CString.h"
+#include "vetools/framework/ModuleState.h"
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 #include "vetools/resources/VePrompts.h"

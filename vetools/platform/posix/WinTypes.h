@@ -14,5 +14,5 @@ using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPSTR = char*;
 using LPCSTR = const char*;
-using HINSTANCE = struct VeModuleRecord*;
+using HINSTANCE = const struct VeModuleRecord*;
 using HMODULE = HINSTANCE;
