@@ -8,6 +8,7 @@
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 #include "vetools/resources/VePrompts.h"
+#include "vetools/unitmanager/VeUnitManager.h"
 #include "vetools/units/UnitSeparator.h"
 #include "vetools/units/UnitTypes.h"
 #include "vetools/units/VeUnitBase.h"
