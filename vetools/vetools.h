@@ -4,6 +4,7 @@
 
 #include "vetools/framework/CException.h"
 #include "vetools/framework/CString.h"
+#include "vetools/framework/CStringArray.h"
 #include "vetools/framework/ModuleState.h"
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"

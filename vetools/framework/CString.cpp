@@ -433,9 +433,9 @@ int CString::CollateNoCase(const wchar_t* other) const { return CollateTexts(NOR
 
 // Resources
 
-bool CString::LoadString(UINT id) { return LoadString(AfxGetResourceHandle(), id); }
+bool CString::LoadText(UINT id) { return LoadText(AfxGetResourceHandle(), id); }
 
-bool CString::LoadString(HINSTANCE module, UINT id)
+bool CString::LoadText(HINSTANCE module, UINT id)
 {
     // With a size of 0 the system gives a pointer to the resource itself, which has no terminator.
     const wchar_t* text = nullptr;

@@ -237,13 +237,13 @@ public:
 
     /// Loads a string of the current resource module, or of `module`. Returns false, and leaves the text as it is, when there
     /// is no string with that id.
-    bool LoadString(UINT id);
-    bool LoadString(HINSTANCE module, UINT id);
+    bool LoadString(UINT id) { return LoadText(id); }
+    bool LoadString(HINSTANCE module, UINT id) { return LoadText(module, id); }
     /// LoadString under the names that the system's macro makes of it.
-    bool LoadStringW(UINT id) { return LoadString(id); }
-    bool LoadStringW(HINSTANCE module, UINT id) { return LoadString(module, id); }
-    bool LoadStringA(UINT id) { return LoadString(id); }
-    bool LoadStringA(HINSTANCE module, UINT id) { return LoadString(module, id); }
+    bool LoadStringW(UINT id) { return LoadText(id); }
+    bool LoadStringW(HINSTANCE module, UINT id) { return LoadText(module, id); }
+    bool LoadStringA(UINT id) { return LoadText(id); }
+    bool LoadStringA(HINSTANCE module, UINT id) { return LoadText(module, id); }
 
     /// The characters for writing: at least `minimumLength` of them and a terminator, beginning with the present text. Call
     /// ReleaseBuffer before anything else is done with the string. A negative length throws CInvalidArgException*.
@@ -324,6 +324,8 @@ private:
     void Reallocate(std::size_t capacity);
     void ReplaceRange(std::size_t first, std::size_t count, std::wstring_view replacement);
     void SetLength(int length);
+    bool LoadText(UINT id);
+    bool LoadText(HINSTANCE module, UINT id);
     bool Owns(const wchar_t* text) const noexcept;
 
     wchar_t* m_text = m_short;

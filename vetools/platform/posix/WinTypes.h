@@ -9,6 +9,7 @@ using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using INT = int;
 using LONG = std::int32_t;
+using INT_PTR = std::intptr_t;
 using HRESULT = std::int32_t;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
