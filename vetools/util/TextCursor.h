@@ -8,7 +8,10 @@
 class TextCursor
 {
 public:
-    constexpr explicit TextCursor(std::wstring_view text) : m_rest(text) {}
+    constexpr explicit TextCursor(std::wstring_view text)
+        : m_rest(text)
+    {
+    }
 
     constexpr bool AtEnd() const { return m_rest.empty(); }
 
