@@ -151,7 +151,7 @@ wchar_t* WriteDecimalInches(wchar_t* out, double value, unsigned int precision)
     return out;
 }
 
-} // namespace
+}  // namespace
 
 std::size_t WriteImperialText(wchar_t* out, double value, LengthIn in, unsigned int precision, wchar_t separator,
                               Unit::enumUNITFORMAT format)

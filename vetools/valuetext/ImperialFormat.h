@@ -41,8 +41,7 @@ inline constexpr unsigned int c_imperialFractionBits = 30;
 
 /// Characters of the longest text with its terminator: -2147483647'-, the inches in decimals, an inch mark. The text of a
 /// fraction, -2147483647'-2147483647 2147483647/1073741824", is far shorter.
-inline constexpr std::size_t c_imperialTextCapacity =
-    16 + FixedTextCapacity(static_cast<int>(c_imperialDecimals));
+inline constexpr std::size_t c_imperialTextCapacity = 16 + FixedTextCapacity(static_cast<int>(c_imperialDecimals));
 
 /// Writes the text and a terminator into `out`, which has room for c_imperialTextCapacity characters. Returns the length
 /// without the terminator; 0 with an empty text for a format other than 2 and 4.

@@ -15,11 +15,11 @@ constexpr std::size_t c_maximumNumbers = 4;
 enum class Mark
 {
     None,
-    Foot,     // '
-    FootDash, // '-
-    Dash,     // -
-    Inch,     // "
-    Slash,    // /
+    Foot,      // '
+    FootDash,  // '-
+    Dash,      // -
+    Inch,      // "
+    Slash,     // /
     Other,
 };
 
@@ -98,7 +98,8 @@ bool StandsAtTheEnd(Mark mark)
 class Shape
 {
 public:
-    explicit Shape(const NumbersAndMarks& parts) : m_parts(parts)
+    explicit Shape(const NumbersAndMarks& parts)
+        : m_parts(parts)
     {
         // A '-' that is the whole leading mark is the sign.
         if (parts.marks[0] != L"-")
@@ -192,7 +193,7 @@ bool IsImperialFormat(Unit::enumUNITFORMAT format)
     return format == Unit::UNITFORMAT_FEET_INCHES || format == Unit::UNITFORMAT_FRACTION;
 }
 
-} // namespace
+}  // namespace
 
 bool ReadImperialText(std::wstring_view text, double& value, LengthIn in, wchar_t separator,
                       Unit::enumUNITFORMAT format)

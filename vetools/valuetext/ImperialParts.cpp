@@ -26,7 +26,9 @@ class PartsReader
 {
 public:
     PartsReader(std::wstring_view text, FirstNumber first, ImperialParts& parts)
-        : m_cursor(text), m_first(first), m_parts(parts)
+        : m_cursor(text)
+        , m_first(first)
+        , m_parts(parts)
     {
     }
 
@@ -211,7 +213,7 @@ private:
     bool m_fractionSeen = false;
 };
 
-} // namespace
+}  // namespace
 
 bool ReadImperialParts(std::wstring_view text, FirstNumber first, ImperialParts& parts)
 {

@@ -9,7 +9,7 @@ struct ImperialParts
     int feet = 0;
     int inches = 0;
     int numerator = 0;
-    int denominatorPower = 0; ///< of 2
+    int denominatorPower = 0;  ///< of 2
 };
 
 /// What a first number without a mark counts as.
@@ -17,7 +17,7 @@ enum class FirstNumber
 {
     Feet,
     Inches,
-    Nothing, ///< a mark has to follow
+    Nothing,  ///< a mark has to follow
 };
 
 /// Reads whole numbers of feet and inches and a binary fraction down to 1/256 of an inch (internal), allocating nothing.

@@ -73,13 +73,14 @@ std::size_t WriteDecimalText(wchar_t* out, double m, int precision, ImperialType
         *end++ = L'\'';
         *end++ = L'-';
     }
-    end = WriteFixed(end, unit.inches + unit.remainderInches, std::min(precision, static_cast<int>(c_imperialDecimals)));
+    end =
+        WriteFixed(end, unit.inches + unit.remainderInches, std::min(precision, static_cast<int>(c_imperialDecimals)));
     *end++ = L'"';
     *end = L'\0';
     return static_cast<std::size_t>(end - out);
 }
 
-} // namespace
+}  // namespace
 
 CVeImperialLength::~CVeImperialLength() = default;
 

@@ -18,11 +18,11 @@ public:
     /// One length: 1.0 m in feet and inches is {true, 3, 3, 0, 0.37007874…}.
     struct tagIMPERIAL_LENGTH_UNIT
     {
-        bool positive;          ///< true for a length of zero and above
-        int feet;               ///< whole feet, never negative
-        int inches;             ///< whole inches, never negative
-        int fractionNumerator;  ///< of a fraction of an inch; its denominator, 2^p, is kept apart
-        double remainderInches; ///< decimal inches that the other fields do not hold, never negative
+        bool positive;           ///< true for a length of zero and above
+        int feet;                ///< whole feet, never negative
+        int inches;              ///< whole inches, never negative
+        int fractionNumerator;   ///< of a fraction of an inch; its denominator, 2^p, is kept apart
+        double remainderInches;  ///< decimal inches that the other fields do not hold, never negative
     };
 
     /// What a length is broken down into. The values are the ranges of the inch and the foot in the length quantity, and
