@@ -58,8 +58,8 @@ class Declarations:
         self.functions = {}
         for header in headers:
             text = without_comments(Path(header).read_text(encoding="utf-8"))
-            # Export.h defines the mark; it marks nothing.
-            text = re.sub(r"^\s*#.*$", "", text, flags=re.MULTILINE)
+            # Neither the definition of the mark nor the body of a macro declares anything.
+            text = re.sub(r"^[ \t]*#(?:\\\n|[^\n])*", "", text, flags=re.MULTILINE)
             self.text += text
             self.classes.update((name, header) for name in self.CLASS.findall(text))
             rest = self.CLASS.sub("", text)

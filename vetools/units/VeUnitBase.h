@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdarg>
+#include <cstddef>
 #include <span>
 #include <vector>
 
 #include "vetools/framework/CString.h"
 #include "vetools/platform/Export.h"
 #include "vetools/units/UnitTypes.h"
+#include "vetools/units/ValueTextOptions.h"
 
 /// One unit of measure and how values in it are shown.
 ///
@@ -243,20 +245,99 @@ public:
     static void EliminateUnitsSymbol(unsigned int idUnit, CString& text);
 
     // Value text: declared with the unit, defined in valuetext/.
+
+    /// Writes an SI value as the text that a user sees in this unit: 0.0125 gives 12.500 mm.
+    ///
+    /// buffer               receives the text that is returned; null takes nothing, the result is the same. It is written
+    ///                      as bufferSize allows, but the number, or the length in feet and inches, is written whole
+    ///                      first: it must have room for these, 320 characters and the precision at most. The span form
+    ///                      below never writes outside.
+    /// value                metres, newtons, ...
+    /// withUnit             non-zero appends a blank and the display name
+    /// format               a wide printf format that takes an int precision and a double, as L"%.*f", which null stands
+    ///                      for; conversions that ask for anything else write nothing
+    /// applyMetricsFactor   non-zero divides by the metrics factor, to the power of the unit's exponent
+    /// removeTrailingZeros  non-zero strips zeros after the separator; the unit's own flag is not read
+    /// bufferSize           in characters; two of them stay unused, so 1234.50 N needs 11. With 0 and 1 the text is the
+    ///                      number without the unit.
+    /// reserved             not read
+    /// smallValuesAsExponent, smallValueThreshold   non-zero writes magnitudes below a threshold with an exponent; 0 to 5
+    ///                      stand for 0.1, 0.01, ... 0.000001, any other number for none
+    ///
+    ///     unit            precision   value    text
+    ///     kN              2           12500    12.50 kN
+    ///     m               2           1.0049   1.01 m          lengths round up from 1 % of a step below the midpoint
+    ///     m               2           0.0005   0.00 m          less than a millimetre is nothing
+    ///     m               2           0.0012   0.001 m         more is shown by its first significant decimal
+    ///     °F              1           100      212.0 °F
+    ///     ' / "           4           1.8129   5'-11 3/8"      see valuetext/VeImperialLength.h
+    ///     square inch     1           1        1550.0 sq in
+    ///     N               any         1/0      INF N
+    ///
+    /// Kept: lengths are all units whose symbol holds µm, mm, cm, dm, m, " or ' anywhere, so N*m and min as well; they
+    /// round towards +infinity: -0.005 gives 0.00.
+    /// Kept: quantity 12 shows less than a millimetre, too: 0.0005.
+    /// Kept: numbers are printed with a full stop; a unit with another separator keeps its trailing zeros and precision.
+    /// Kept: the quantities 9, 13, 14 and 19 are lengths that the metrics factor leaves alone.
+    /// Kept: every imperial area or volume reads sq in or cu in.
+    /// Kept: the indefinite (0/0) reads -INF, also for a length with a precision above 308.
+    /// Kept: for an imperial unit of exponent 1 that is not written in decimals, the value counts as metres whatever the
+    /// coefficient, and the text is copied whole. In a unit format that makes no text there, the text is what the buffer
+    /// held, which therefore must be terminated, and its terminator may be written at index bufferSize.
     CString Double2String(wchar_t* buffer, double value, int withUnit, const wchar_t* format, int applyMetricsFactor,
                           int removeTrailingZeros, unsigned int bufferSize, int reserved, int smallValuesAsExponent,
                           int smallValueThreshold) const;
+
+    /// The same with drawing-text mark-up: superscriptSubUnits, when not zero, raises millimetres and what is finer in
+    /// metric lengths (1.234 m gives \A1;1.23{\H0.6x;\S4^;} m), and dropZeroSuperscript leaves a superscript of zeros out.
+    /// Kept: temperatures lack the offset here: 100 °C is 180.0 °F.
     CString Double2String(wchar_t* buffer, int superscriptSubUnits, double value, int withUnit, const wchar_t* format,
                           int applyMetricsFactor, int removeTrailingZeros, unsigned int bufferSize,
                           int dropZeroSuperscript, int reserved, int smallValuesAsExponent,
                           int smallValueThreshold) const;
+
+    /// The same text, written with L"%.*f" and bounded: at most buffer.size() - 1 characters and a terminator, nothing at
+    /// all into an empty buffer. Returns the length of the whole text, so a result below the size means that it is complete.
+    /// A unit format that makes no text gives an empty one.
+    ///
+    ///     wchar_t text[32];
+    ///     unit.Double2String(text, 1.25, {.withUnit = true, .removeTrailingZeros = true});
+    std::size_t Double2String(std::span<wchar_t> buffer, double value, const ValueTextOptions& options = {}) const;
+
+    /// Reads what a user typed in this unit and gives the SI value; what follows the number is ignored.
+    ///
+    /// text                null or empty gives 0.0 and leaves *ok
+    /// ok                  may be null. Receives 1, and 0 only for an imperial length that is not understood, whose value
+    ///                     is 0.0; a text that is no number is 0.0 with *ok 1.
+    /// applyMetricsFactor  non-zero multiplies by the metrics factor, to the power of the unit's exponent
+    ///
+    ///     unit       text           value
+    ///     mm         12.5           0.0125
+    ///     mm         12,5           0.012        Kept: only a full stop separates decimals
+    ///     °F         212            117.78       Kept: the offset is not taken off
+    ///     /"         3'-4 1/2"      1.0287       any shape of feet, inches and fraction, ranges 5 to 10
+    ///     /"         -1.5'          -0.4572
+    ///
+    /// An imperial length whose metrics factor is 39.37007874015748 or 3.2808398950131235 belongs to a model in inches or
+    /// feet: with the flag the result is in those, without it in metres.
+    /// Kept: with any other factor a unit of 3.2808398950131235 per metre (foot, foot-inch) takes inches for feet unless
+    /// applyMetricsFactor is set, and the others multiply by the factor whether it is set or not.
+    /// An imperial unit of another range has no text to read: it gives 0.0 with *ok 1.
     double String2Double(const wchar_t* text, int* ok, int applyMetricsFactor) const;
+
+    /// Removes the decimal part of every number: 12.50 m becomes 12 m, and 3,25 kN becomes 3 kN. A decimal part is a
+    /// separator, first every full stop, then every comma, and the characters of Ee0123456789+-., that follow.
+    /// Kept: it is removed wherever it occurs: 1.5 x 2.55 becomes 1 x 25.
     static void EliminatePrecision(CString& text);
+
+    /// Replaces a separator by the current decimal separator everywhere in a text. Returns false, and leaves the text, when
+    /// it does not occur or is the current one.
     static bool ReplaceNumberSeparator(wchar_t separator, CString& text);
 
 private:
     friend class CVeUnitManager;
     friend class CVeUnit;
+    friend class DecimalText;  // in valuetext/: reads the fields
 
     /// Takes everything that the catalogue knows of the unit, and the current
     /// decimal separator. With alternativeTitles, the stresses 0 to 3 are titled,

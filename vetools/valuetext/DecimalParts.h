@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Removes the decimal part of every number (internal): 12.50 m becomes 12 m, and 1.5 x 2.5 becomes 1 x 2.
+///
+/// From each separator on, the characters of "Ee0123456789+-.," that follow one another are a decimal part. The parts are
+/// taken from the left.
+/// Kept: a part that is removed is removed from the whole text, also out of longer parts: 1.5 2.55 becomes 1 25.
+/// Time and memory grow with the length of the text, not with the number of parts times the length.
+std::wstring WithoutDecimalParts(std::wstring_view text, wchar_t separator);
