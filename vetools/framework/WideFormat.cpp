@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstring>
-#include <cwchar>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -149,9 +148,14 @@ public:
 private:
     bool Consume(std::wstring_view text)
     {
-        if (std::wcsncmp(m_position, text.data(), text.size()) != 0)
-            return false;
-        m_position += text.size();
+        const wchar_t* position = m_position;
+        for (const wchar_t character : text)
+        {
+            if (*position != character)
+                return false;
+            ++position;
+        }
+        m_position = position;
         return true;
     }
 
