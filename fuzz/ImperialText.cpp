@@ -26,8 +26,8 @@ void CheckPlainText(const Length& length, int denominatorPower)
     const std::wstring text = PlainText(length, denominatorPower);
     const bool same = CVeImperialLength::ImperialStr2Imperial(text.c_str(), CVeImperialLength::IMPERIAL_FEET_INCHES,
                                                               again, powerAgain) &&
-                      again.positive == length.positive && again.feet == length.feet &&
-                      again.inches == length.inches && powerAgain == denominatorPower &&
+                      again.positive == length.positive && again.feet == length.feet && again.inches == length.inches &&
+                      powerAgain == denominatorPower &&
                       (denominatorPower == 0 || again.fractionNumerator == length.fractionNumerator);
     if (!same)
         std::abort();

@@ -47,7 +47,7 @@ bool Replay(const std::filesystem::path& path)
     return true;
 }
 
-} // namespace
+}  // namespace
 
 int main(int argc, char** argv)
 {

@@ -12,6 +12,7 @@
 #include "vetools/unitmanager/VeUnitManager.h"
 #include "vetools/units/UnitSeparator.h"
 #include "vetools/units/UnitTypes.h"
+#include "vetools/units/ValueTextOptions.h"
 #include "vetools/units/VeUnitBase.h"
 #include "vetools/util/NumberList.h"
 #include "vetools/util/StringTokenizer.h"
