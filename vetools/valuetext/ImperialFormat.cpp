@@ -57,9 +57,11 @@ InchFraction NearestFraction(double inches, unsigned int precision)
 
     const double denominator = fraction.denominator;
     const double rest = inches - fraction.inches;
-    const double halfStep = 1.0 / (2.0 * denominator);
+    // A power of two: multiplying by the step is exactly dividing by the denominator.
+    const double step = 1.0 / denominator;
+    const double halfStep = 0.5 * step;
     fraction.numerator = TruncateToInt(denominator * rest);
-    if (rest - fraction.numerator / denominator > halfStep + (halfStep * c_fractionTolerance + c_fractionTolerance))
+    if (rest - fraction.numerator * step > halfStep + (halfStep * c_fractionTolerance + c_fractionTolerance))
         fraction.numerator = NextInt(fraction.numerator);
 
     if (fraction.numerator == fraction.denominator)

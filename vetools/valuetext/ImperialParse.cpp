@@ -1,6 +1,7 @@
 #include "vetools/valuetext/ImperialParse.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 
 #include "vetools/framework/NumberText.h"
@@ -23,46 +24,63 @@ enum class Mark
     Other,
 };
 
-/// marks[0] stands before the first number, marks[i] behind the i-th.
+/// marks[0] stands before the first number, marks[i] behind the i-th. What lies behind the count is not set.
 struct NumbersAndMarks
 {
-    std::size_t count = 0;
-    std::wstring_view numbers[c_maximumNumbers];
-    std::wstring_view marks[c_maximumNumbers + 1];
+    std::size_t count;
+    double numbers[c_maximumNumbers];
+    Mark marks[c_maximumNumbers + 1];
 };
 
-/// Takes characters from the front of the text for as long as they are of a number, or for as long as they are not.
-std::wstring_view TakeRun(std::wstring_view& text, wchar_t separator, bool ofNumber)
+/// Whole numbers with so many digits fit 64 bits and are doubles exactly.
+constexpr std::size_t c_exactDigits = 15;
+
+bool IsOfNumber(wchar_t character, wchar_t separator)
 {
-    std::size_t length = 0;
-    while (length < text.size() && (TextCursor::IsDigit(text[length]) || text[length] == separator) == ofNumber)
-        ++length;
-    const std::wstring_view run = text.substr(0, length);
-    text.remove_prefix(length);
-    return run;
+    return TextCursor::IsDigit(character) || character == separator;
 }
 
-/// Nothing for a text with no number or a fifth one.
-std::optional<NumbersAndMarks> Split(std::wstring_view text, wchar_t separator)
+/// Takes a number from the front of the text. Most are short and whole, and need no reader of decimals.
+double TakeNumber(std::wstring_view& text, wchar_t separator)
 {
-    NumbersAndMarks parts;
-    parts.marks[0] = TakeRun(text, separator, false);
-    while (!text.empty())
-    {
-        if (parts.count == c_maximumNumbers)
-            return std::nullopt;
-        parts.numbers[parts.count++] = TakeRun(text, separator, true);
-        parts.marks[parts.count] = TakeRun(text, separator, false);
-    }
-    if (parts.count == 0)
-        return std::nullopt;
-    return parts;
+    std::uint64_t whole = 0;
+    std::size_t length = 0;
+    for (; length < text.size() && TextCursor::IsDigit(text[length]); ++length)
+        whole = whole * 10 + static_cast<std::uint64_t>(text[length] - L'0');
+    const bool isWhole = length == text.size() || text[length] != separator;
+    while (length < text.size() && IsOfNumber(text[length], separator))
+        ++length;
+
+    const std::wstring_view number = text.substr(0, length);
+    text.remove_prefix(length);
+    if (isWhole && length <= c_exactDigits)
+        return static_cast<double>(static_cast<std::int64_t>(whole));
+    return ReadDouble(number);
+}
+
+/// Takes everything before the next number.
+std::wstring_view TakeMark(std::wstring_view& text, wchar_t separator)
+{
+    std::size_t length = 0;
+    while (length < text.size() && !IsOfNumber(text[length], separator))
+        ++length;
+    const std::wstring_view mark = text.substr(0, length);
+    text.remove_prefix(length);
+    return mark;
 }
 
 /// A mark ends at its first blank or tab.
+std::wstring_view CutAtBlank(std::wstring_view mark)
+{
+    std::size_t length = 0;
+    while (length < mark.size() && mark[length] != L' ' && mark[length] != L'\t')
+        ++length;
+    return mark.substr(0, length);
+}
+
 Mark ReadMark(std::wstring_view text)
 {
-    text = text.substr(0, text.find_first_of(L" \t"));
+    text = CutAtBlank(text);
     if (text.empty())
         return Mark::None;
     if (text.size() == 2 && text[0] == L'\'' && text[1] == L'-')
@@ -84,6 +102,28 @@ Mark ReadMark(std::wstring_view text)
     }
 }
 
+/// A '-' that is the whole leading mark is the sign.
+Mark ReadLeadingMark(std::wstring_view text)
+{
+    const bool isSign = text.size() == 1 && text[0] == L'-';
+    return isSign ? Mark::None : ReadMark(text);
+}
+
+/// False for a text with no number or a fifth one.
+bool Split(std::wstring_view text, wchar_t separator, NumbersAndMarks& parts)
+{
+    parts.count = 0;
+    parts.marks[0] = ReadLeadingMark(TakeMark(text, separator));
+    while (!text.empty())
+    {
+        if (parts.count == c_maximumNumbers)
+            return false;
+        parts.numbers[parts.count++] = TakeNumber(text, separator);
+        parts.marks[parts.count] = ReadMark(TakeMark(text, separator));
+    }
+    return parts.count != 0;
+}
+
 bool StandsBehindFeet(Mark mark)
 {
     return mark == Mark::FootDash || mark == Mark::Foot || mark == Mark::Dash;
@@ -94,86 +134,68 @@ bool StandsAtTheEnd(Mark mark)
     return mark == Mark::None || mark == Mark::Inch;
 }
 
-/// The four shapes, by the count of numbers; nothing for marks that fit none. All yield inches.
-class Shape
+// The four shapes. Each yields inches, or nothing when the marks do not fit.
+
+/// 3'   4"   4
+std::optional<double> OneNumber(const NumbersAndMarks& parts)
 {
-public:
-    explicit Shape(const NumbersAndMarks& parts)
-        : m_parts(parts)
-    {
-        // A '-' that is the whole leading mark is the sign.
-        if (parts.marks[0] != L"-")
-            m_marks[0] = ReadMark(parts.marks[0]);
-        for (std::size_t i = 1; i <= parts.count; ++i)
-            m_marks[i] = ReadMark(parts.marks[i]);
-    }
+    if (parts.marks[1] == Mark::Foot)
+        return parts.numbers[0] * c_inchesPerFoot;
+    if (StandsAtTheEnd(parts.marks[1]))
+        return parts.numbers[0];
+    return std::nullopt;
+}
 
-    std::optional<double> Inches() const
-    {
-        if (m_marks[0] != Mark::None)
-            return std::nullopt;
-        switch (m_parts.count)
-        {
-        case 1:
-            return OneNumber();
-        case 2:
-            return TwoNumbers();
-        case 3:
-            return ThreeNumbers();
-        default:
-            return FourNumbers();
-        }
-    }
-
-private:
-    double Number(std::size_t index) const { return ReadDouble(m_parts.numbers[index]); }
-
-    /// 3'   4"   4
-    std::optional<double> OneNumber() const
-    {
-        if (m_marks[1] == Mark::Foot)
-            return Number(0) * c_inchesPerFoot;
-        if (StandsAtTheEnd(m_marks[1]))
-            return Number(0);
+/// 1/2"   3'-4"
+std::optional<double> TwoNumbers(const NumbersAndMarks& parts)
+{
+    if (!StandsAtTheEnd(parts.marks[2]))
         return std::nullopt;
-    }
+    if (parts.marks[1] == Mark::Slash)
+        return parts.numbers[0] / parts.numbers[1];
+    if (StandsBehindFeet(parts.marks[1]))
+        return parts.numbers[0] * c_inchesPerFoot + parts.numbers[1];
+    return std::nullopt;
+}
 
-    /// 1/2"   3'-4"
-    std::optional<double> TwoNumbers() const
-    {
-        if (!StandsAtTheEnd(m_marks[2]))
-            return std::nullopt;
-        if (m_marks[1] == Mark::Slash)
-            return Number(0) / Number(1);
-        if (StandsBehindFeet(m_marks[1]))
-            return Number(0) * c_inchesPerFoot + Number(1);
+/// 4 1/2"   3'-1/2"
+std::optional<double> ThreeNumbers(const NumbersAndMarks& parts)
+{
+    if (parts.marks[2] != Mark::Slash || !StandsAtTheEnd(parts.marks[3]))
         return std::nullopt;
-    }
+    if (parts.marks[1] == Mark::None)
+        return parts.numbers[1] / parts.numbers[2] + parts.numbers[0];
+    if (StandsBehindFeet(parts.marks[1]))
+        return parts.numbers[1] / parts.numbers[2] + parts.numbers[0] * c_inchesPerFoot;
+    return std::nullopt;
+}
 
-    /// 4 1/2"   3'-1/2"
-    std::optional<double> ThreeNumbers() const
-    {
-        if (m_marks[2] != Mark::Slash || !StandsAtTheEnd(m_marks[3]))
-            return std::nullopt;
-        if (m_marks[1] == Mark::None)
-            return Number(1) / Number(2) + Number(0);
-        if (StandsBehindFeet(m_marks[1]))
-            return Number(1) / Number(2) + Number(0) * c_inchesPerFoot;
+/// 3'-4 1/2"
+std::optional<double> FourNumbers(const NumbersAndMarks& parts)
+{
+    if (!StandsBehindFeet(parts.marks[1]) || parts.marks[2] != Mark::None || parts.marks[3] != Mark::Slash ||
+        !StandsAtTheEnd(parts.marks[4]))
         return std::nullopt;
-    }
+    return parts.numbers[0] * c_inchesPerFoot + parts.numbers[1] + parts.numbers[2] / parts.numbers[3];
+}
 
-    /// 3'-4 1/2"
-    std::optional<double> FourNumbers() const
+std::optional<double> ReadInches(std::wstring_view text, wchar_t separator)
+{
+    NumbersAndMarks parts;
+    if (!Split(text, separator, parts) || parts.marks[0] != Mark::None)
+        return std::nullopt;
+    switch (parts.count)
     {
-        if (!StandsBehindFeet(m_marks[1]) || m_marks[2] != Mark::None || m_marks[3] != Mark::Slash ||
-            !StandsAtTheEnd(m_marks[4]))
-            return std::nullopt;
-        return Number(0) * c_inchesPerFoot + Number(1) + Number(2) / Number(3);
+    case 1:
+        return OneNumber(parts);
+    case 2:
+        return TwoNumbers(parts);
+    case 3:
+        return ThreeNumbers(parts);
+    default:
+        return FourNumbers(parts);
     }
-
-    const NumbersAndMarks& m_parts;
-    Mark m_marks[c_maximumNumbers + 1] = {};
-};
+}
 
 /// A decimal number is inches, or feet when a foot mark stands anywhere in the text.
 double ReadDecimal(std::wstring_view text, LengthIn in, bool negative)
@@ -207,10 +229,7 @@ bool ReadImperialText(std::wstring_view text, double& value, LengthIn in, wchar_
     }
 
     value = 0.0;
-    const std::optional<NumbersAndMarks> parts = Split(text, separator);
-    if (!parts)
-        return false;
-    const std::optional<double> inches = Shape(*parts).Inches();
+    const std::optional<double> inches = ReadInches(text, separator);
     if (!inches)
         return false;
     value = in == LengthIn::Feet ? *inches / c_inchesPerFoot : *inches;
