@@ -137,9 +137,9 @@ private:
 /// A number as it stands in the text: its digits, read without the point, times ten to the power of `exponent`.
 struct DecimalNumber
 {
-    const wchar_t* digits;     ///< the first digit, or the point before it
-    std::ptrdiff_t count;      ///< of digits, leading zeros included
-    std::uint64_t mantissa;    ///< the digits as a number, modulo 2^64
+    const wchar_t* digits;   ///< the first digit, or the point before it
+    std::ptrdiff_t count;    ///< of digits, leading zeros included
+    std::uint64_t mantissa;  ///< the digits as a number, modulo 2^64
     std::int64_t exponent;
 };
 
@@ -234,8 +234,10 @@ double MagnitudeOf(DecimalNumber number)
         return RoundCorrectly(number);
     if (number.mantissa > c_exactMantissa)
     {
-        const bool divides = number.exponent <= 0 && -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
-        return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent)) : RoundCorrectly(number);
+        const bool divides =
+            number.exponent <= 0 && -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
+        return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent))
+                       : RoundCorrectly(number);
     }
 
     const double mantissa = static_cast<double>(number.mantissa);
