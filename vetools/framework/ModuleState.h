@@ -29,9 +29,6 @@ public:
     ScopedResourceModule& operator=(const ScopedResourceModule&) = delete;
 
 private:
-    friend void AfxSetResourceHandle(HINSTANCE module) noexcept;
-    friend HINSTANCE AfxGetResourceHandle() noexcept;
-
-    HINSTANCE m_module;
-    ScopedResourceModule* m_previous;
+    HINSTANCE m_previous;
+    bool m_isNested;
 };
