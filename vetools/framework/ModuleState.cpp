@@ -13,32 +13,23 @@ std::atomic<HINSTANCE>& ProcessResourceModule() noexcept
     return s_module;
 }
 
-/// What the innermost guard of this thread made current; meant only while there is one.
-thread_local HINSTANCE t_module = nullptr;
-thread_local bool t_isGuarded = false;
+/// The innermost guard of this thread.
+thread_local ScopedResourceModule* t_guard = nullptr;
 
 } // namespace
 
-HINSTANCE AfxGetResourceHandle() noexcept { return t_isGuarded ? t_module : ProcessResourceModule().load(); }
+HINSTANCE AfxGetResourceHandle() noexcept { return t_guard != nullptr ? t_guard->m_module : ProcessResourceModule().load(); }
 
 void AfxSetResourceHandle(HINSTANCE module) noexcept
 {
-    if (t_isGuarded)
-        t_module = module;
+    if (t_guard != nullptr)
+        t_guard->m_module = module;
     else
         ProcessResourceModule().store(module);
 }
 
 HINSTANCE GetVeToolsModule() noexcept { return LibraryModule(); }
 
-ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept : m_previous(t_module), m_isNested(t_isGuarded)
-{
-    t_module = module;
-    t_isGuarded = true;
-}
+ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept : m_module(module), m_previous(t_guard) { t_guard = this; }
 
-ScopedResourceModule::~ScopedResourceModule()
-{
-    t_module = m_previous;
-    t_isGuarded = m_isNested;
-}
+ScopedResourceModule::~ScopedResourceModule() { t_guard = m_previous; }

@@ -29,6 +29,9 @@ public:
     ScopedResourceModule& operator=(const ScopedResourceModule&) = delete;
 
 private:
-    HINSTANCE m_previous;
-    bool m_isNested;
+    friend void AfxSetResourceHandle(HINSTANCE module) noexcept;
+    friend HINSTANCE AfxGetResourceHandle() noexcept;
+
+    HINSTANCE m_module;
+    ScopedResourceModule* m_previous;
 };
