@@ -33,7 +33,8 @@ std::vector<std::string> Texts(int significantDigits)
     for (const double value : Values())
     {
         char text[64];
-        const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, significantDigits).ptr;
+        const auto end =
+            std::to_chars(text, text + sizeof text, value, std::chars_format::general, significantDigits).ptr;
         texts.emplace_back(text, end);
     }
     return texts;
@@ -69,7 +70,8 @@ BENCHMARK(WriteFixed_VeTools);
 void WriteFixed_ToChars(benchmark::State& state)
 {
     char text[512];
-    ForEach(state, Values(), [&](double value)
+    ForEach(state, Values(),
+            [&](double value)
             { return std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, c_precision).ptr; });
 }
 BENCHMARK(WriteFixed_ToChars);
@@ -89,13 +91,15 @@ BENCHMARK(Format_VeTools);
 
 void ReadDouble_VeTools(benchmark::State& state)
 {
-    ForEach(state, WideTexts(static_cast<int>(state.range(0))), [](const std::wstring& text) { return ReadDouble(text); });
+    ForEach(state, WideTexts(static_cast<int>(state.range(0))),
+            [](const std::wstring& text) { return ReadDouble(text); });
 }
 BENCHMARK(ReadDouble_VeTools)->ArgName("digits")->Arg(6)->Arg(12)->Arg(17);
 
 void ReadDouble_FromChars(benchmark::State& state)
 {
-    ForEach(state, Texts(static_cast<int>(state.range(0))), [](const std::string& text)
+    ForEach(state, Texts(static_cast<int>(state.range(0))),
+            [](const std::string& text)
             {
                 double value = 0.0;
                 std::from_chars(text.data(), text.data() + text.size(), value);

@@ -178,7 +178,8 @@ double RandomMagnitude(std::mt19937_64& random)
     case 2:
         return static_cast<double>(random() % 100'000'000) / 10'000.0;
     default:
-        return static_cast<double>(random() >> (11 + random() % 50)) / static_cast<double>(std::uint64_t{1} << (random() % 60));
+        return static_cast<double>(random() >> (11 + random() % 50)) /
+               static_cast<double>(std::uint64_t{1} << (random() % 60));
     }
 }
 
@@ -274,7 +275,8 @@ TEST(WriteFixed, AgreesWithTheStandardLibraryAtEveryPrecision)
         const double magnitude = RandomMagnitude(random);
         const double value = i % 2 == 0 ? magnitude : -magnitude;
         const int precision = i % 24;
-        const auto end = std::to_chars(expected, expected + sizeof expected, value, std::chars_format::fixed, precision).ptr;
+        const auto end =
+            std::to_chars(expected, expected + sizeof expected, value, std::chars_format::fixed, precision).ptr;
         ASSERT_EQ(std::string(expected, end), Narrow(Fixed(value, precision))) << value << ", seed " << c_seed;
     }
 }
@@ -342,6 +344,7 @@ TEST(WriteInteger, WritesTheWholeRange)
 
 TEST(ReadDouble, TakesWhatIsANumberAndLeavesTheRest)
 {
+    // clang-format off
     const ReadRow rows[] = {
     //   expected  consumed  text
         {0.0, 0, L""},
@@ -382,6 +385,7 @@ TEST(ReadDouble, TakesWhatIsANumberAndLeavesTheRest)
         {12.0, 4, L"\r\f12 "},
         {0.1, 26, L"0000000000000000000000.100"},
     };
+    // clang-format on
     for (const ReadRow& row : rows)
         ExpectRead(row.expected, row.consumed, row.text);
 }
@@ -450,10 +454,10 @@ TEST(ReadDouble, ReadsBackWhatTheWritersWrite)
     }
 }
 
-TEST(ReadDouble, AgreesWithTheStandardLibraryOnShortNumbers)
+TEST(ReadDouble, AgreesWithTheStandardLibraryOnNumbersOfUpToTwentyDigits)
 {
     std::mt19937_64 random(c_seed);
-    for (int i = 0; i < 100'000; ++i)
+    for (int i = 0; i < 200'000; ++i)
     {
         std::string text = std::to_string(random() >> (random() % 64));
         text.insert(random() % (text.size() + 1), 1, '.');

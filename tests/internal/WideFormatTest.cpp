@@ -139,12 +139,8 @@ TEST(WideFormat, PrintsUnsignedIntegersInThreeBases)
 TEST(WideFormat, ASizeChoosesTheBitsThatArePrinted)
 {
     const Row<int> narrowRows[] = {
-        {L"-4464", L"%hd", -70000},
-        {L"61072", L"%hu", -70000},
-        {L"ee90", L"%hx", -70000},
-        {L"-4464", L"%hhd", -70000},
-        {L"-70000", L"%I32d", -70000},
-        {L"4294897296", L"%I32u", -70000},
+        {L"-4464", L"%hd", -70000},  {L"61072", L"%hu", -70000},    {L"ee90", L"%hx", -70000},
+        {L"-4464", L"%hhd", -70000}, {L"-70000", L"%I32d", -70000}, {L"4294897296", L"%I32u", -70000},
     };
     ExpectAll(narrowRows);
     const Row<long long> wideRows[] = {

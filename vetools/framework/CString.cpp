@@ -24,7 +24,7 @@ std::size_t Clamped(int value, std::size_t highest) noexcept
     return value > 0 ? std::min(static_cast<std::size_t>(value), highest) : 0;
 }
 
-std::wstring_view TextOrEmpty(const wchar_t* text) noexcept { return text != nullptr ? std::wstring_view(text) : std::wstring_view(); }
+std::wstring_view TextOrEmpty(const wchar_t* text) noexcept { return text != nullptr ? text : L""; }
 
 wchar_t LowerCase(wchar_t character) noexcept
 {

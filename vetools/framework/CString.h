@@ -266,7 +266,7 @@ public:
     int GetAllocLength() const noexcept { return m_capacity; }
 
 private:
-    friend CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
+    friend VETOOLS_API CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
 
     static std::wstring_view ViewOf(const wchar_t* text) noexcept { return text != nullptr ? std::wstring_view(text) : std::wstring_view(); }
     static std::size_t CheckedLength(const wchar_t* text, int length) noexcept

@@ -1,6 +1,7 @@
 #include "vetools/framework/ModuleState.h"
 
 #include <atomic>
+#include <utility>
 
 #include "vetools/platform/LibraryModule.h"
 
@@ -13,23 +14,23 @@ std::atomic<HINSTANCE>& ProcessResourceModule() noexcept
     return s_module;
 }
 
-/// The innermost guard of this thread.
-thread_local ScopedResourceModule* t_guard = nullptr;
+/// The module of this thread's innermost guard, if there is one.
+thread_local std::optional<HINSTANCE> t_guardedModule;
 
 } // namespace
 
-HINSTANCE AfxGetResourceHandle() noexcept { return t_guard != nullptr ? t_guard->m_module : ProcessResourceModule().load(); }
+HINSTANCE AfxGetResourceHandle() noexcept { return t_guardedModule ? *t_guardedModule : ProcessResourceModule().load(); }
 
 void AfxSetResourceHandle(HINSTANCE module) noexcept
 {
-    if (t_guard != nullptr)
-        t_guard->m_module = module;
+    if (t_guardedModule)
+        t_guardedModule = module;
     else
         ProcessResourceModule().store(module);
 }
 
 HINSTANCE GetVeToolsModule() noexcept { return LibraryModule(); }
 
-ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept : m_module(module), m_previous(t_guard) { t_guard = this; }
+ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept : m_previous(std::exchange(t_guardedModule, module)) {}
 
-ScopedResourceModule::~ScopedResourceModule() { t_guard = m_previous; }
+ScopedResourceModule::~ScopedResourceModule() { t_guardedModule = m_previous; }

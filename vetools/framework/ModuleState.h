@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 
@@ -29,9 +31,6 @@ public:
     ScopedResourceModule& operator=(const ScopedResourceModule&) = delete;
 
 private:
-    friend void AfxSetResourceHandle(HINSTANCE module) noexcept;
-    friend HINSTANCE AfxGetResourceHandle() noexcept;
-
-    HINSTANCE m_module;
-    ScopedResourceModule* m_previous;
+    /// The module of the guard around this one, if there is one.
+    std::optional<HINSTANCE> m_previous;
 };

@@ -1,7 +1,10 @@
 #include "vetools/framework/NumberReader.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <system_error>
@@ -22,6 +25,17 @@ constexpr std::uint64_t c_exactMantissa = std::uint64_t{1} << 53;
 constexpr double c_exactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::int64_t c_exactPower = 22;
+
+__extension__ using UInt128 = unsigned __int128;
+
+/// The powers of five that fit 64 bits.
+constexpr std::array<std::uint64_t, 28> c_powersOfFive = []
+{
+    std::array<std::uint64_t, 28> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 5;
+    return powers;
+}();
 
 bool IsSpace(wchar_t c)
 {
@@ -123,9 +137,9 @@ private:
 /// A number as it stands in the text: its digits, read without the point, times ten to the power of `exponent`.
 struct DecimalNumber
 {
-    const wchar_t* digits;     ///< the first digit, or the point before it
-    std::ptrdiff_t count;      ///< of digits, leading zeros included
-    std::uint64_t mantissa;    ///< the digits as a number, modulo 2^64
+    const wchar_t* digits;   ///< the first digit, or the point before it
+    std::ptrdiff_t count;    ///< of digits, leading zeros included
+    std::uint64_t mantissa;  ///< the digits as a number, modulo 2^64
     std::int64_t exponent;
 };
 
@@ -197,12 +211,34 @@ double RoundCorrectly(DecimalNumber number)
     return value;
 }
 
+/// mantissa / 10^power by one division of whole numbers, for a mantissa other than zero and a power of five from the table.
+double DivideExactly(std::uint64_t mantissa, std::size_t power)
+{
+    // Both are shifted up to 64 bits, so that the quotient has 63 or 64, ten more than a double keeps. What is left of the
+    // division can decide only whether those behind are more than a half: it sets the last of them.
+    const int mantissaShift = std::countl_zero(mantissa);
+    const int divisorShift = std::countl_zero(c_powersOfFive[power]);
+    const UInt128 dividend = static_cast<UInt128>(mantissa << mantissaShift) << 63;
+    const std::uint64_t divisor = c_powersOfFive[power] << divisorShift;
+    const auto quotient = static_cast<std::uint64_t>(dividend / divisor);
+    const bool isExact = static_cast<UInt128>(quotient) * divisor == dividend;
+    const double rounded = static_cast<double>(quotient | (isExact ? 0 : 1));
+    return std::ldexp(rounded, divisorShift - mantissaShift - 63 - static_cast<int>(power));
+}
+
 double MagnitudeOf(DecimalNumber number)
 {
     if (number.count > c_mantissaDigits)
         DropLeadingZeros(number);
-    if (number.count > c_mantissaDigits || number.mantissa > c_exactMantissa)
+    if (number.count > c_mantissaDigits)
         return RoundCorrectly(number);
+    if (number.mantissa > c_exactMantissa)
+    {
+        const bool divides =
+            number.exponent <= 0 && -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
+        return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent))
+                       : RoundCorrectly(number);
+    }
 
     const double mantissa = static_cast<double>(number.mantissa);
     if (number.exponent >= 0 && number.exponent <= c_exactPower)

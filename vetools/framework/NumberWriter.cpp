@@ -225,7 +225,8 @@ wchar_t* WriteExponent(wchar_t* out, double value, int precision)
 
     char text[ExponentTextCapacity(c_exactDecimals)];
     const int decimals = std::min(precision, c_exactDecimals);
-    const auto result = std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, decimals);
+    const auto result =
+        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, decimals);
     const std::string_view written(text, result.ptr);
     const std::size_t exponent = written.rfind('e');
     out = Append(out, written.substr(0, exponent));

@@ -20,8 +20,14 @@
 
 /// Room for what WriteFixed and WriteExponent write at a precision: a sign, the 309 digits of the largest double or the
 /// "1" of a text above, a point, the decimals, an exponent.
-constexpr std::size_t FixedTextCapacity(int precision) { return 320 + static_cast<std::size_t>(precision < 0 ? 6 : precision); }
-constexpr std::size_t ExponentTextCapacity(int precision) { return 16 + static_cast<std::size_t>(precision < 0 ? 6 : precision); }
+constexpr std::size_t FixedTextCapacity(int precision)
+{
+    return 320 + static_cast<std::size_t>(precision < 0 ? 6 : precision);
+}
+constexpr std::size_t ExponentTextCapacity(int precision)
+{
+    return 16 + static_cast<std::size_t>(precision < 0 ? 6 : precision);
+}
 
 /// As "%.*f" writes it: 0.125 with precision 2 gives 0.12, 2.5 with precision 0 gives 2, -0.001 with precision 2 gives -0.00.
 /// The buffer holds at least FixedTextCapacity(precision) characters.

@@ -21,7 +21,8 @@ constexpr int c_defaultPrecision = 6;
 /// More decimals of a double are all zero, in whichever notation.
 constexpr int c_exactDecimals = 1074;
 constexpr int c_pointerDigits = 16;
-constexpr std::size_t c_numberCapacity = std::max(FixedTextCapacity(c_exactDecimals), ExponentTextCapacity(c_exactDecimals));
+constexpr std::size_t c_numberCapacity =
+    std::max(FixedTextCapacity(c_exactDecimals), ExponentTextCapacity(c_exactDecimals));
 
 enum class ArgumentSize
 {
@@ -177,16 +178,17 @@ private:
     bool ConsumeFlag()
     {
         Conversion& flags = m_conversion;
-        return Set(flags.left, L"-") || Set(flags.zeros, L"0") || Set(flags.plus, L"+") || Set(flags.blank, L" ")
-               || Set(flags.alternate, L"#");
+        return Set(flags.left, L"-") || Set(flags.zeros, L"0") || Set(flags.plus, L"+") || Set(flags.blank, L" ") ||
+               Set(flags.alternate, L"#");
     }
 
     bool ConsumeSize()
     {
-        return Set(ArgumentSize::Short, L"h") || Set(ArgumentSize::Wide64, L"ll") || Set(ArgumentSize::Long, L"l")
-               || Set(ArgumentSize::Long, L"w") || Set(ArgumentSize::Standard, L"L") || Set(ArgumentSize::Wide64, L"I64")
-               || Set(ArgumentSize::Standard, L"I32") || Set(ArgumentSize::Wide64, L"I") || Set(ArgumentSize::Wide64, L"z")
-               || Set(ArgumentSize::Wide64, L"j") || Set(ArgumentSize::Wide64, L"t");
+        return Set(ArgumentSize::Short, L"h") || Set(ArgumentSize::Wide64, L"ll") || Set(ArgumentSize::Long, L"l") ||
+               Set(ArgumentSize::Long, L"w") || Set(ArgumentSize::Standard, L"L") ||
+               Set(ArgumentSize::Wide64, L"I64") || Set(ArgumentSize::Standard, L"I32") ||
+               Set(ArgumentSize::Wide64, L"I") || Set(ArgumentSize::Wide64, L"z") || Set(ArgumentSize::Wide64, L"j") ||
+               Set(ArgumentSize::Wide64, L"t");
     }
 
     void ReadWidth()
@@ -302,7 +304,8 @@ std::uint64_t Extend(std::int64_t value, ArgumentSize size, bool isSigned)
     case ArgumentSize::Wide64:
         return static_cast<std::uint64_t>(value);
     case ArgumentSize::Short:
-        return isSigned ? static_cast<std::uint64_t>(static_cast<std::int16_t>(value)) : static_cast<std::uint16_t>(value);
+        return isSigned ? static_cast<std::uint64_t>(static_cast<std::int16_t>(value))
+                        : static_cast<std::uint16_t>(value);
     case ArgumentSize::Standard:
     case ArgumentSize::Long:
         break;

@@ -10,13 +10,12 @@
 #include "vetools/units/ImperialFactors.h"
 #include "vetools/units/UnitTypes.h"
 
-/// The catalogue of units (internal): one row per unit, one row per quantity.
-/// Everything that the library knows about a unit of measure stands here once;
-/// refreshing a unit, lists of symbols, look-ups by text and the exported
-/// choice tables only read these rows. Titles are ids of the string table.
+/// The catalogue of units (internal): one row per unit, one row per quantity. Everything that the library knows about a
+/// unit of measure stands here once; refreshing a unit, lists of symbols, look-ups by text and the exported choice
+/// tables only read these rows. Titles are ids of the string table.
 
-/// Which of the look-ups by text finds a unit. Kept: the gaps are part of what
-/// hosts rely on.
+/// Which of the look-ups by text finds a unit.
+/// Kept: the gaps are part of what hosts rely on.
 enum class Found
 {
     BySymbolAndTitle,
@@ -25,8 +24,7 @@ enum class Found
     Never,
 };
 
-/// One unit. A value in SI times `coef` is the value in the unit, then `offset`
-/// is added.
+/// One unit. A value in SI times `coef` is the value in the unit, then `offset` is added.
 struct UnitRow
 {
     std::wstring_view symbol;
@@ -35,18 +33,15 @@ struct UnitRow
     Found found = Found::BySymbolAndTitle;
     double offset = 0.0;
 
-    /// What choice lists show: `choice` for the unit alone, `listed` in the list
-    /// of its quantity, where an empty text is left out. Both are the symbol,
-    /// except where the rows say otherwise.
+    /// What choice lists show: `choice` for the unit alone, `listed` in the list of its quantity, where an empty text
+    /// is left out. Both are the symbol, except where the rows say otherwise.
     std::wstring_view choice = symbol;
     std::wstring_view listed = choice;
 
-    /// The title when alternative titles are asked for, which then is the symbol
-    /// too; 0 for none.
+    /// The title when alternative titles are asked for, which then is the symbol too; 0 for none.
     unsigned int alternativeTitle = 0;
 
-    /// For lengths: the title in the quantity of squares, the plural title (0 for
-    /// none), and how they are written.
+    /// For lengths: the title in the quantity of squares, the plural title (0 for none), and how they are written.
     unsigned int squareTitle = 0;
     unsigned int pluralTitle = 0;
     Unit::UNIT_TYPE type = Unit::UNIT_TYPE_METRIC;
@@ -61,8 +56,7 @@ constexpr Unit::enumUNITFORMAT c_decimal = Unit::UNITFORMAT_IMPERIAL_DECIMAL;
 constexpr Unit::enumUNITFORMAT c_feetInches = Unit::UNITFORMAT_FEET_INCHES;
 constexpr Unit::enumUNITFORMAT c_fraction = Unit::UNITFORMAT_FRACTION;
 
-// The shapes of rows: the columns that a table needs, in the order that reads
-// best.
+// The shapes of rows: the columns that a table needs, in the order that reads best.
 
 constexpr UnitRow Length(std::wstring_view symbol, unsigned int title, unsigned int squareTitle,
                          unsigned int pluralTitle, double coef, Unit::UNIT_TYPE type = Unit::UNIT_TYPE_METRIC,
@@ -100,8 +94,8 @@ constexpr UnitRow Temperature(std::wstring_view symbol, unsigned int title, doub
     return {.symbol = symbol, .title = title, .coef = coef, .found = found, .offset = offset};
 }
 
-// The units of every quantity by range. Kept: coefficients stand as they are,
-// also where they are rounded or not the textbook value.
+// The units of every quantity by range.
+// Kept: coefficients stand as they are, also where they are rounded or not the textbook value.
 
 // clang-format off
 inline constexpr UnitRow c_length[] = {
@@ -250,9 +244,9 @@ inline constexpr std::span<const UnitRow> c_unitTables[] = {
     CatalogueRows::c_ratio,  CatalogueRows::c_frequency,
 };
 
-/// What a quantity does with the metrics factor: nothing (it is 1.0 there),
-/// keeps it for its conversions, or is also divided by it when a value is
-/// written as decimal text. Kept: four length ids are not.
+/// What a quantity does with the metrics factor: nothing (it is 1.0 there), keeps it for its conversions, or is also
+/// divided by it when a value is written as decimal text.
+/// Kept: four length ids are not.
 enum class MetricsUse
 {
     None,
@@ -260,8 +254,8 @@ enum class MetricsUse
     KeptAndWritten,
 };
 
-/// One quantity. `offered` is how many units a choice list offers. Kept: for
-/// lengths that is fewer than there are.
+/// One quantity. `offered` is how many units a choice list offers.
+/// Kept: for lengths that is fewer than there are.
 struct QuantityRow
 {
     unsigned int id;
@@ -326,16 +320,14 @@ constexpr bool IsLengthId(unsigned int idUnit)
     return quantity && quantity->metricsUse != MetricsUse::None;
 }
 
-/// Whether the quantity's decimal text is divided by the metrics factor: fewer
-/// ids than those that keep one.
+/// Whether the quantity's decimal text is divided by the metrics factor: fewer ids than those that keep one.
 constexpr bool WritesWithMetricsFactor(unsigned int idUnit)
 {
     const QuantityRow* quantity = FindQuantity(idUnit);
     return quantity && quantity->metricsUse == MetricsUse::KeptAndWritten;
 }
 
-/// What is added to a scaled temperature, 0.0 for every other quantity and for
-/// unknown ranges.
+/// What is added to a scaled temperature, 0.0 for every other quantity and for unknown ranges.
 constexpr double OffsetAfterScaling(unsigned int idUnit, unsigned int range)
 {
     if (idUnit != Unit::UNIT_ID_TEMPERATURE || range >= std::size(CatalogueRows::c_temperature))
@@ -343,8 +335,7 @@ constexpr double OffsetAfterScaling(unsigned int idUnit, unsigned int range)
     return CatalogueRows::c_temperature[range].offset;
 }
 
-/// How a unit of imperial type is written, by its range alone: as the length of
-/// that range, in decimals for all others.
+/// How a unit of imperial type is written, by its range alone: as the length of that range, in decimals for all others.
 constexpr Unit::enumUNITFORMAT FormatOfImperialRange(unsigned int range)
 {
     if (range >= std::size(CatalogueRows::c_length) || CatalogueRows::c_length[range].type != Unit::UNIT_TYPE_IMPERIAL)
@@ -352,8 +343,7 @@ constexpr Unit::enumUNITFORMAT FormatOfImperialRange(unsigned int range)
     return CatalogueRows::c_length[range].format;
 }
 
-/// The range of the unit with this symbol or title, whole and case-sensitive,
-/// among the units that the look-up finds. The quantity is no input: "kg" is
-/// the force.
+/// The range of the unit with this symbol or title, whole and case-sensitive, among the units that the look-up finds.
+/// The quantity is no input: "kg" is the force.
 std::optional<unsigned int> FindRangeBySymbol(std::wstring_view symbol);
 std::optional<unsigned int> FindRangeByTitle(std::wstring_view title);

@@ -1,8 +1,7 @@
 #include "vetools/units/UnitCatalogue.h"
 #include "vetools/units/VeUnitBase.h"
 
-// Hosts read these arrays directly, so they are plain and made when the library
-// is compiled.
+// Hosts read these arrays directly, so they are plain and made when the library is compiled.
 
 namespace
 {

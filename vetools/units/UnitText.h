@@ -8,16 +8,14 @@
 
 #include "vetools/framework/NumberWriter.h"
 
-/// How many characters a unit's symbol and title hold, terminator included
-/// (internal).
+/// How many characters a unit's symbol and title hold, terminator included (internal).
 inline constexpr std::size_t c_nameCapacity = 20;
 inline constexpr std::size_t c_titleCapacity = 50;
 
 /// The mark of a squared unit; other powers are written as numbers.
 inline constexpr std::wstring_view c_squareMark = L"²";
 
-/// Copies as much of a text as the buffer holds before a terminator. The text
-/// may lie in the buffer.
+/// Copies as much of a text as the buffer holds before a terminator. The text may lie in the buffer.
 inline void CopyTruncated(std::wstring_view text, std::span<wchar_t> buffer)
 {
     const std::size_t length = std::min(text.size(), buffer.size() - 1);
@@ -25,8 +23,7 @@ inline void CopyTruncated(std::wstring_view text, std::span<wchar_t> buffer)
     buffer[length] = L'\0';
 }
 
-/// A text put together without allocation and cut at its capacity, terminator
-/// included (internal).
+/// A text put together without allocation and cut at its capacity, terminator included (internal).
 template <std::size_t capacity>
 class BoundedText
 {

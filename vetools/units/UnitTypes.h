@@ -1,22 +1,33 @@
 #pragma once
 
+/// The numbers that units are made of, as they stand in files, tables and the host's code.
 namespace Unit
 {
 
+/// The kind of a unit. It decides, with the format, how values are written.
 enum UNIT_TYPE : unsigned int
 {
+    /// Every unit that is not an imperial length.
     UNIT_TYPE_METRIC = 0,
+    /// Inch, foot, yard and the combined lengths: ranges 5 to 10 of the length ids.
     UNIT_TYPE_IMPERIAL = 1,
 };
 
+/// How values of a unit are written. 1 is given to no unit.
 enum enumUNITFORMAT : unsigned int
 {
+    /// 12.500: every metric unit.
     UNITFORMAT_DECIMAL = 0,
+    /// 5'-11": the foot-inch.
     UNITFORMAT_FEET_INCHES = 2,
+    /// 5.948: inch, foot and yard.
     UNITFORMAT_IMPERIAL_DECIMAL = 3,
+    /// 5'-11 3/8" or 71 3/8": the two lengths with fractions.
     UNITFORMAT_FRACTION = 4,
 };
 
+/// The unit ids: the physical quantities. The length ids share one table of units, for twelve uses that a user may show
+/// differently; UNIT_ID_LENGTH_26 titles them as squares.
 enum UNIT_ID : unsigned int
 {
     UNIT_ID_LENGTH = 1,

@@ -63,8 +63,7 @@ CVeUnitBase& CVeUnitBase::operator=(const CVeUnitBase& other)
     UnitType = other.UnitType;
     UnitFormat = other.UnitFormat;
     Sep = SeparatorFor(other.Sep);
-    // Whole buffers: a copy of fixed size costs less than looking for the
-    // terminators.
+    // Whole buffers: a copy of fixed size costs less than looking for the terminators.
     std::char_traits<wchar_t>::move(Title, other.Title, std::size(Title));
     std::char_traits<wchar_t>::move(Name, other.Name, std::size(Name));
     Coef = other.Coef;

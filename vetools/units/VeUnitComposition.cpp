@@ -13,8 +13,7 @@ using NameText = BoundedText<c_nameCapacity>;
 using TitleText = BoundedText<c_titleCapacity>;
 
 /// Takes the suffix of a power off: mm² without 2 is mm, cm3 without 3 is cm.
-/// Kept: the text is cut where the number first appears, so m3/s3 without 3 is
-/// m.
+/// Kept: the text is cut where the number first appears, so m3/s3 without 3 is m.
 template <std::size_t capacity>
 void RemovePower(BoundedText<capacity>& text, int power)
 {
@@ -41,8 +40,7 @@ void AppendPower(BoundedText<capacity>& text, int power)
         text << power;
 }
 
-/// Rewrites a unit's text for another power; a text that would become empty
-/// stays as it is.
+/// Rewrites a unit's text for another power; a text that would become empty stays as it is.
 template <std::size_t capacity>
 void ReplacePower(wchar_t (&buffer)[capacity], int oldPower, int newPower)
 {
@@ -60,8 +58,8 @@ double Raise(double coef, int power)
     return power == 2 ? coef * coef : Power(coef, power);
 }
 
-/// What a further unit adds to the texts of a composed one: *m, *m², *m3, /m,
-/// /m² or, Kept: with the sign, /m-3.
+/// What a further unit adds to the texts of a composed one: *m, *m², *m3, /m, /m² or,
+/// Kept: with the sign, /m-3.
 TitleText SuffixOfFactor(std::wstring_view name, int power)
 {
     TitleText suffix;
@@ -87,8 +85,7 @@ void AppendTo(wchar_t (&buffer)[capacity], std::wstring_view suffix)
 
 void CVeUnitBase::SetExponent(int exponent)
 {
-    // In doubles: a unit whose power is 0 divides by zero, which gives an
-    // infinite or undefined coefficient.
+    // In doubles: a unit whose power is 0 divides by zero, which gives an infinite or undefined coefficient.
     Coef = Power(Coef, static_cast<double>(exponent) / static_cast<double>(Exponent));
     ReplacePower(Name, Exponent, exponent);
     ReplacePower(Title, Exponent, exponent);

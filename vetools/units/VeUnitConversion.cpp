@@ -3,10 +3,8 @@
 #include "vetools/units/UnitCatalogue.h"
 #include "vetools/units/VeUnitBase.h"
 
-// What a conversion does beyond the coefficient is decided once, before the
-// values: each loop has one straight body that the compiler can turn into
-// vector instructions, with the operations of the single value in the same
-// order.
+// What a conversion does beyond the coefficient is decided once, before the values: each loop has one straight body
+// that the compiler can turn into vector instructions, with the operations of the single value in the same order.
 
 void CVeUnitBase::SI2Double(double& value, int useMetricsFactor) const
 {

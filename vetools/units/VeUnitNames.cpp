@@ -58,8 +58,7 @@ constexpr MarkRow c_markRows[] = {
     {L"'²", SquareFoot},  {L"'2", SquareFoot},  {L"'3", CubicFoot},  {L"'", Foot, true},
 };
 
-/// The words for the four combined marks come from the prompts, those for the
-/// lone ones from the string table.
+/// The words for the four combined marks come from the prompts, those for the lone ones from the string table.
 Words FindWords()
 {
     Words words;
@@ -70,9 +69,8 @@ Words FindWords()
     return words;
 }
 
-/// Replaces marks until none is left, as often as the unit's buffer has
-/// characters at most: only a word that itself holds the marks gets that far,
-/// and would be replaced for ever.
+/// Replaces marks until none is left, as often as the unit's buffer has characters at most: only a word that itself
+/// holds the marks gets that far, and would be replaced for ever.
 void ReplaceMarks(CString& text, const wchar_t* marks, const CString& word, std::size_t atMost)
 {
     const int length = static_cast<int>(std::wstring_view(marks).size());
@@ -86,14 +84,23 @@ void ReplaceMarks(CString& text, const wchar_t* marks, const CString& word, std:
     }
 }
 
-/// The text of a unit's buffer as it is shown. One scan finds the length and
-/// that, mostly, there is nothing to replace.
+bool IsMark(wchar_t character)
+{
+    return character == L'"' || character == L'\'';
+}
+
+bool IsPower(wchar_t character)
+{
+    return character == L'²' || character == L'2' || character == L'3';
+}
+
+/// The text of a unit's buffer as it is shown. One scan finds the length and that, mostly, there is nothing to replace.
 CString ShownText(std::span<const wchar_t> buffer, Shown shown)
 {
     std::size_t length = 0;
     bool hasMarks = false;
     for (; buffer[length] != L'\0'; ++length)
-        hasMarks |= buffer[length] == L'"' || buffer[length] == L'\'';
+        hasMarks |= IsMark(buffer[length]) && (shown == Shown::Title || IsPower(buffer[length + 1]));
     CString text(buffer.data(), static_cast<int>(length));
     if (!hasMarks)
         return text;
@@ -107,8 +114,7 @@ CString ShownText(std::span<const wchar_t> buffer, Shown shown)
     return text;
 }
 
-// The symbols of lengths are texts, too. The composed ones are put together
-// from the marks.
+// The symbols of lengths are texts, too. The composed ones are put together from the marks.
 constexpr unsigned int c_lengthSymbolTexts[] = {
     IDS_SYMBOL_MICROMETRE, IDS_SYMBOL_MILLIMETRE, IDS_SYMBOL_CENTIMETRE, IDS_SYMBOL_DECIMETRE,
     IDS_SYMBOL_METRE,      IDS_SYMBOL_INCH,       IDS_SYMBOL_FOOT,       IDS_SYMBOL_YARD,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cwchar>
 #include <iterator>
 #include <span>
 #include <string_view>
@@ -143,21 +144,15 @@ double MetricsFactorToThe(int exponent, double metricsFactor)
 DecimalText::DecimalText(const CVeUnitBase& unit, const ValueTextOptions& options)
     : m_unit(unit)
     , m_options(options)
+    , m_lengthName(std::wcspbrk(unit.Name, c_lengthMarks) != nullptr)
 {
-    for (; unit.Name[m_nameLength] != L'\0'; ++m_nameLength)
-    {
-        const wchar_t character = unit.Name[m_nameLength];
-        m_markedName |= character == L'"' || character == L'\'';
-        m_lengthName |= m_markedName || character == L'm';
-    }
 }
 
 void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer) const
 {
     const Number number = ShownNumber(value);
     WriteNumber(text, format, number.value, number.precision);
-    if (IsRewritten(number.value))
-        buffer.CopyOut(text.View());
+    buffer.CopyOut(text.View());
 
     if (m_options.removeTrailingZeros)
         StripTrailingZeros(text, m_unit.Sep);
@@ -172,17 +167,10 @@ void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, c
     if (!std::isfinite(number.value))
         NameInfinity(text, number.value);
 
-    const std::size_t numberLength = text.View().size();
+    buffer.CopyWhole(text.View());  // Kept: the number is written whole, whatever the size of the buffer
     if (m_options.withUnit && buffer.TakesCopies())
         AppendName(text);
-    buffer.CopyCertainly(text.View(), numberLength);  // Kept: the number is written whole, whatever the size
-}
-
-/// Whether the number as it was printed first may be longer than what replaces it: the buffer then shows a rest of it.
-bool DecimalText::IsRewritten(double shown) const
-{
-    return m_options.removeTrailingZeros || m_options.smallValuesAsExponent || m_options.superscriptSubUnits ||
-           !std::isfinite(shown);
+    buffer.CopyOut(text.View());
 }
 
 DecimalText::Number DecimalText::ShownNumber(double value) const
@@ -249,15 +237,16 @@ void DecimalText::RaiseSubUnits(TextBuffer& text) const
 /// Kept: imperial areas and volumes read "sq in" and "cu in" whatever the unit's own name.
 void DecimalText::AppendName(TextBuffer& text) const
 {
-    if (m_nameLength == 0)
+    const std::wstring_view name = m_unit.Name;
+    if (name.empty())
         return;
     text.Append(L" ");
     if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 2)
         text.Append(L"sq in");
     else if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 3)
         text.Append(L"cu in");
-    else if (m_markedName)
-        text.Append(m_unit.GetName().View());
+    else if (name.find_first_of(L"\"'") == std::wstring_view::npos)
+        text.Append(name);  // shown as it is: only inch and foot marks are ever replaced
     else
-        text.Append({m_unit.Name, m_nameLength});  // the display name differs only where it holds marks
+        text.Append(m_unit.GetName().View());
 }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <string_view>
 
 #include "vetools/units/ImperialFactors.h"
 #include "vetools/units/VeUnitBase.h"

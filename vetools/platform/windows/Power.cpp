@@ -2,15 +2,13 @@
 
 #include <cmath>
 
-// |base| ^ exponent = exp(exponent * ln |base|) in pairs of doubles, which hold
-// some 105 bits. Products are split into halves rather than fused, so that the
-// result depends neither on the processor nor on the run-time library.
+// |base| ^ exponent = exp(exponent * ln |base|) in pairs of doubles, which hold some 105 bits. Products are split into
+// halves rather than fused, so that the result depends neither on the processor nor on the run-time library.
 
 namespace
 {
 
-/// The unevaluated sum of two doubles, the second below half a last digit of
-/// the first.
+/// The unevaluated sum of two doubles, the second below half a last digit of the first.
 struct Pair
 {
     double high;
@@ -22,8 +20,7 @@ constexpr Pair c_ln2 = {0x1.62e42fefa39efp-1, 0x1.abc9e3b39803fp-56};
 /// Beyond this magnitude the exponential function is 0 or infinite.
 constexpr double c_largestArgument = 800.0;
 
-/// The exponential's argument is divided by 2 to this power, where ten terms of
-/// the series give all digits.
+/// The exponential's argument is divided by 2 to this power, where ten terms of the series give all digits.
 constexpr int c_halvings = 9;
 constexpr int c_terms = 10;
 
