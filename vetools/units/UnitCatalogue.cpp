@@ -18,13 +18,19 @@ constexpr bool IdsAscendFromOne()
     return true;
 }
 
+/// By the first titles, which no two tables share: addresses are no constants when the sanitizers compile this.
+constexpr bool IsSameTable(std::span<const UnitRow> a, std::span<const UnitRow> b)
+{
+    return a.front().title == b.front().title;
+}
+
 constexpr bool EveryTableBelongsToAQuantity()
 {
     return std::ranges::all_of(c_unitTables,
                                [](std::span<const UnitRow> table)
                                {
                                    return std::ranges::any_of(c_quantities, [&](const QuantityRow& quantity)
-                                                              { return quantity.units.data() == table.data(); });
+                                                              { return IsSameTable(quantity.units, table); });
                                });
 }
 
@@ -47,7 +53,7 @@ constexpr bool OnlyLengthsAreImperial()
     return std::ranges::all_of(c_quantities,
                                [](const QuantityRow& quantity)
                                {
-                                   return quantity.units.data() == CatalogueRows::c_length ||
+                                   return IsSameTable(quantity.units, CatalogueRows::c_length) ||
                                           std::ranges::all_of(quantity.units, [](const UnitRow& unit)
                                                               { return unit.type == Unit::UNIT_TYPE_METRIC; });
                                });
@@ -57,7 +63,7 @@ constexpr bool LengthsAreWhatFollowsTheMetricsFactor()
 {
     return std::ranges::all_of(
         c_quantities, [](const QuantityRow& quantity)
-        { return (quantity.units.data() == CatalogueRows::c_length) == (quantity.metricsUse != MetricsUse::None); });
+        { return IsSameTable(quantity.units, CatalogueRows::c_length) == (quantity.metricsUse != MetricsUse::None); });
 }
 
 constexpr bool IsFoundBySymbol(const UnitRow& unit)
