@@ -191,10 +191,20 @@ TEST(ImperialGrammar, ADenominatorIsAPowerOfTwoUpTo256)
         const std::wstring text = L"1/" + std::to_wstring(1 << power);
         EXPECT_EQ((Parts{c_yes, c_plus, 0, 0, 1, power}), Read(text.c_str(), c_feetInches)) << power;
     }
-    for (const wchar_t* text : {L"1/", L"1/0", L"1/3", L"1/12", L"1/255", L"1/257", L"1/512", L"1/513", L"1/1024",
+    for (const wchar_t* text : {L"1/", L"1/0", L"1/3", L"1/12", L"1/255", L"1/257", L"1/512", L"1/1024", L"1/515",
                                 L"1/2147483648", L"1/99999999999999999999"})
         EXPECT_EQ((Parts{c_no, c_plus, 0, 0, 1, 0}), Read(text, c_feetInches))
             << testing::PrintToString(std::wstring(text));
+}
+
+TEST(ImperialGrammar, KeptADenominatorIsLookedAtUpToTheBit256)
+{
+    const Row rows[] = {
+        {L"1/513", c_feetInches, {c_yes, c_plus, 0, 0, 1, 0}},
+        {L"1/514", c_feetInches, {c_yes, c_plus, 0, 0, 1, 1}},
+        {L"1/768", c_feetInches, {c_yes, c_plus, 0, 0, 1, 8}},
+    };
+    ExpectParts(rows);
 }
 
 TEST(ImperialGrammar, EveryOtherCharacterEndsTheReading)

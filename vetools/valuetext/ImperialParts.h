@@ -36,4 +36,5 @@ enum class FirstNumber
 /// Kept: a blank behind a foot mark ends a number of its own, 0, so 3' 4" reads, and 3' 4 1/2" fails.
 /// Kept: once a '/' has been met, the denominator alone decides: a power of two from 1 to 256 is a success whatever
 /// follows, as in "1/2 x".
+/// Kept: of the denominator the bits 1 to 256 alone are looked at, so 1/514 reads as 1/2.
 bool ReadImperialParts(std::wstring_view text, FirstNumber first, ImperialParts& parts);

@@ -108,7 +108,7 @@ int CVeImperialLength::Meter2Fractions(double m, int precision, double& rest)
 {
     const double fractionsPerMetre = PowerOfTwo(precision) * c_inchesPerMetre;
     const double fractions = fractionsPerMetre * m;
-    rest = (fractions - TruncateToInt(fractions)) / fractionsPerMetre;
+    rest = (fractions - std::trunc(fractions)) / fractionsPerMetre;
     return TruncateToInt(fractions > 0 ? fractions + 0.5 : fractions - 0.5);
 }
 
@@ -134,11 +134,14 @@ ImperialRecord CVeImperialLength::Meter2Imperial(double m, int, enumIMPERIAL_LEN
     }
     double rest = m;
     if (type == IMPERIAL_FEET_INCHES)
-        unit.feet = Magnitude(Meter2Feet(m, rest));
+    {
+        const double feet = m * c_feetPerMetre;
+        unit.feet = Magnitude(TruncateToInt(feet));
+        rest = (feet - std::trunc(feet)) / c_feetPerMetre;
+    }
     const double inches = rest * c_inchesPerMetre;
-    const int wholeInches = TruncateToInt(inches);
-    unit.inches = Magnitude(wholeInches);
-    unit.remainderInches = std::fabs(inches - wholeInches);
+    unit.inches = Magnitude(TruncateToInt(inches));
+    unit.remainderInches = std::fabs(inches - std::trunc(inches));
     return unit;
 }
 

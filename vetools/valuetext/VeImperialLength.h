@@ -109,6 +109,7 @@ public:
     ///
     /// Kept: a blank behind a foot mark ends a number 0, so 3' 4" is understood, and 3' 4 1/2" is not.
     /// Kept: with a fraction the denominator alone decides, a power of two from 1 to 256: 1/2 x is understood.
+    /// Kept: of a denominator the bits 1 to 256 alone are looked at: 1/514 is understood as 1/2.
     static bool ImperialStr2Imperial(const wchar_t* text, enumIMPERIAL_LENGTH_TYPE type, bool& positive, int& feet,
                                      int& inches, int& numerator, int& denominatorPower);
 
@@ -141,9 +142,8 @@ public:
     ///
     /// precision  decimals of the inches; a negative one counts as 6, one above 1074, beyond which no double has decimals
     ///            other than zeros, as 1074
-    /// Any other type writes nothing, not even a terminator. The buffer is not told its size: an ordinary length needs 18
-    /// characters and the decimals, one near the end of the range of doubles 310 more. Where that is not at hand, use one
-    /// of the two forms below.
+    /// Any other type writes nothing, not even a terminator. The buffer is not told its size: a text needs 18 characters
+    /// and the decimals. Where that is not at hand, use one of the two forms below.
     static void Meter2ImperialStr(double m, int precision, enumIMPERIAL_LENGTH_TYPE type, wchar_t** text);
 
     /// The same text, cut to the size of the buffer if need be and always terminated in a buffer that is not empty.
