@@ -25,7 +25,7 @@ int HostException::s_destroyed = 0;
 
 IMPLEMENT_DYNAMIC(HostException, CException)
 
-} // namespace
+}  // namespace
 
 TEST(CException, IsThrownByPointerAndCaughtAsItsBaseInTheHost)
 {

@@ -40,7 +40,7 @@ template <class Call>
     return ::testing::AssertionFailure() << "nothing was thrown";
 }
 
-} // namespace
+}  // namespace
 
 TEST(CStringArray, StartsEmpty)
 {

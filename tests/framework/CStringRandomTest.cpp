@@ -8,7 +8,8 @@
 
 #include "tests/support/TextPrinting.h"
 
-// The string against a plain reference on the standard string, over random texts of a small alphabet, null characters among them.
+// The string against a plain reference on the standard string, over random texts of a small alphabet, null characters
+// among them.
 
 namespace
 {
@@ -45,9 +46,15 @@ private:
     std::mt19937 m_engine{c_seed};
 };
 
-std::size_t Clamped(int value, std::size_t highest) { return value < 0 ? 0 : std::min(static_cast<std::size_t>(value), highest); }
+std::size_t Clamped(int value, std::size_t highest)
+{
+    return value < 0 ? 0 : std::min(static_cast<std::size_t>(value), highest);
+}
 
-int IndexOf(std::size_t found) { return found == std::wstring::npos ? -1 : static_cast<int>(found); }
+int IndexOf(std::size_t found)
+{
+    return found == std::wstring::npos ? -1 : static_cast<int>(found);
+}
 
 int ReplaceAll(std::wstring& text, const std::wstring& searched, const std::wstring& replacement)
 {
@@ -115,8 +122,10 @@ void Step(RandomTexts& random, CString& text, std::wstring& reference)
         EXPECT_EQ(reference.substr(reference.size() - Clamped(count, reference.size())), text.Right(count).View());
         break;
     case 11:
-        EXPECT_EQ(index < 0 ? -1 : IndexOf(reference.find(argument, static_cast<std::size_t>(index))), text.Find(argument.c_str(), index));
-        EXPECT_EQ(index < 0 ? -1 : IndexOf(reference.find(character, static_cast<std::size_t>(index))), text.Find(character, index));
+        EXPECT_EQ(index < 0 ? -1 : IndexOf(reference.find(argument, static_cast<std::size_t>(index))),
+                  text.Find(argument.c_str(), index));
+        EXPECT_EQ(index < 0 ? -1 : IndexOf(reference.find(character, static_cast<std::size_t>(index))),
+                  text.Find(character, index));
         break;
     case 12:
         EXPECT_EQ(IndexOf(reference.rfind(character)), text.ReverseFind(character));
@@ -147,7 +156,7 @@ void Step(RandomTexts& random, CString& text, std::wstring& reference)
     }
 }
 
-} // namespace
+}  // namespace
 
 TEST(CStringRandom, AgreesWithAPlainReference)
 {
@@ -158,9 +167,11 @@ TEST(CStringRandom, AgreesWithAPlainReference)
     {
         const std::wstring before = reference;
         Step(random, text, reference);
-        ASSERT_EQ(reference, text.View()) << "seed " << c_seed << ", step " << step << ", before it " << ::testing::PrintToString(before);
+        ASSERT_EQ(reference, text.View())
+            << "seed " << c_seed << ", step " << step << ", before it " << ::testing::PrintToString(before);
         ASSERT_EQ(L'\0', text.GetString()[text.GetLength()]);
-        ASSERT_FALSE(HasFailure()) << "seed " << c_seed << ", step " << step << ", before it " << ::testing::PrintToString(before);
+        ASSERT_FALSE(HasFailure()) << "seed " << c_seed << ", step " << step << ", before it "
+                                   << ::testing::PrintToString(before);
         if (reference.size() <= c_longestText)
             continue;
         reference.clear();

@@ -19,7 +19,9 @@ constexpr wchar_t c_shortest[] = L"";
 constexpr wchar_t c_longestShort[] = L"12345678901234567890123";
 constexpr wchar_t c_shortestLong[] = L"123456789012345678901234";
 
-const wchar_t* const c_texts[] = {c_shortest, L"a", L"ab", c_longestShort, c_shortestLong, L"a text that is well beyond what an object holds in itself"};
+const wchar_t* const c_texts[] = {c_shortest,     L"a",
+                                  L"ab",          c_longestShort,
+                                  c_shortestLong, L"a text that is well beyond what an object holds in itself"};
 
 bool StandsInTheObject(const CString& text)
 {
@@ -43,7 +45,7 @@ template <class Call>
     return ::testing::AssertionFailure() << "nothing was thrown";
 }
 
-} // namespace
+}  // namespace
 
 TEST(CStringConstruction, StartsEmptyWithATerminator)
 {
@@ -84,7 +86,8 @@ TEST(CStringConstruction, TakesANegativeLengthOrCountAsNone)
 TEST(CStringConstruction, ReadsNarrowTextInTheSystemsEncoding)
 {
     EXPECT_EQ(L"", CString(""));
-    EXPECT_EQ(L"ASCII is in every narrow encoding, however long the text", CString("ASCII is in every narrow encoding, however long the text"));
+    EXPECT_EQ(L"ASCII is in every narrow encoding, however long the text",
+              CString("ASCII is in every narrow encoding, however long the text"));
 }
 
 TEST(CStringMemory, HoldsShortTextsInTheObject)
@@ -263,7 +266,8 @@ TEST(CStringOperators, ConcatenateTextsAndCharacters)
     EXPECT_EQ(L"wide text", L"wide " + text);
     EXPECT_EQ(L"text!", text + L'!');
     EXPECT_EQ(L"!text", L'!' + text);
-    EXPECT_EQ(L"a text, and then some more of it!", L"a " + text + L", and then " + CString(L"some more") + L" of it" + L'!');
+    EXPECT_EQ(L"a text, and then some more of it!",
+              L"a " + text + L", and then " + CString(L"some more") + L" of it" + L'!');
     const wchar_t* const null = nullptr;
     EXPECT_EQ(L"text", null + text + null);
     EXPECT_EQ(L"text", text);
@@ -278,9 +282,20 @@ TEST(CStringOperators, CompareByElementsInBothOrders)
         const wchar_t* right;
     };
     const Row rows[] = {
-        {0, L"", L""},      {-1, L"", L"a"},   {1, L"a", L""},       {0, L"abc", L"abc"},  {-1, L"abc", L"abd"},
-        {1, L"b", L"abc"},  {-1, L"ab", L"abc"}, {-1, L"A", L"a"},   {-1, L"Z", L"a"},     {-1, L"z", L"é"},
-        {0, L"", nullptr},  {1, L"a", nullptr}, {-1, L"\x7FFF", L"\x8000"}, {-1, L"a", L"\xFFFF"},
+        {0, L"", L""},
+        {-1, L"", L"a"},
+        {1, L"a", L""},
+        {0, L"abc", L"abc"},
+        {-1, L"abc", L"abd"},
+        {1, L"b", L"abc"},
+        {-1, L"ab", L"abc"},
+        {-1, L"A", L"a"},
+        {-1, L"Z", L"a"},
+        {-1, L"z", L"é"},
+        {0, L"", nullptr},
+        {1, L"a", nullptr},
+        {-1, L"\x7FFF", L"\x8000"},
+        {-1, L"a", L"\xFFFF"},
     };
     for (const Row& row : rows)
     {
@@ -296,7 +311,7 @@ TEST(CStringOperators, CompareByElementsInBothOrders)
         EXPECT_EQ(row.expected != 0, row.right != left);
         EXPECT_EQ(row.expected < 0, left < right);
         EXPECT_EQ(row.expected < 0, left < row.right);
-        EXPECT_EQ(row.expected < 0, row.right > left);
+        EXPECT_EQ(row.expected<0, row.right> left);
         EXPECT_EQ(row.expected > 0, left > right);
         EXPECT_EQ(row.expected > 0, left > row.right);
         EXPECT_EQ(row.expected <= 0, left <= right);
@@ -315,9 +330,10 @@ TEST(CStringComparison, ReadsCaseAlike)
         const wchar_t* right;
     };
     const Row rows[] = {
-        {0, L"", nullptr},   {0, L"abc", L"ABC"},   {0, L"ÉTÉ", L"été"}, {0, L"Ÿ", L"ÿ"},       {-1, L"a", L"B"},
-        {1, L"C", L"b"},     {-1, L"ab", L"ABC"},   {1, L"ABC", L"ab"},  {-1, L"e", L"É"},      {-1, L"_", L"A"},  // as lower case
-        {-1, L"ss", L"ß"},   {-1, L"i", L"ı"},      {0, L"kN*m", L"KN*M"},
+        {0, L"", nullptr}, {0, L"abc", L"ABC"}, {0, L"ÉTÉ", L"été"},   {0, L"Ÿ", L"ÿ"},
+        {-1, L"a", L"B"},  {1, L"C", L"b"},     {-1, L"ab", L"ABC"},   {1, L"ABC", L"ab"},
+        {-1, L"e", L"É"},  {-1, L"_", L"A"},  // as lower case
+        {-1, L"ss", L"ß"}, {-1, L"i", L"ı"},    {0, L"kN*m", L"KN*M"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(row.expected, CString(row.left).CompareNoCase(row.right))
@@ -334,9 +350,9 @@ TEST(CStringComparison, CollatesByLettersThenAccentsThenCase)
         const wchar_t* right;
     };
     const Row rows[] = {
-        {0, 0, L"", nullptr},          {0, 0, L"abc", L"abc"},   {-1, 0, L"abc", L"ABC"},       {-1, -1, L"a", L"B"},
-        {-1, -1, L"A", L"b"},          {1, 1, L"été", L"ete"},   {-1, -1, L"été", L"etf"},      {-1, -1, L"cote", L"côté"},
-        {-1, -1, L"Mètre", L"Pouce"},  {-1, -1, L"2", L"a"},     {-1, -1, L"abc", L"abcd"},     {1, 1, L"é", L"E"},
+        {0, 0, L"", nullptr},         {0, 0, L"abc", L"abc"}, {-1, 0, L"abc", L"ABC"},   {-1, -1, L"a", L"B"},
+        {-1, -1, L"A", L"b"},         {1, 1, L"été", L"ete"}, {-1, -1, L"été", L"etf"},  {-1, -1, L"cote", L"côté"},
+        {-1, -1, L"Mètre", L"Pouce"}, {-1, -1, L"2", L"a"},   {-1, -1, L"abc", L"abcd"}, {1, 1, L"é", L"E"},
     };
     for (const Row& row : rows)
     {
@@ -356,6 +372,7 @@ TEST(CStringParts, ClampWhatTheyAreAskedFor)
         int first;
         int count;
     };
+    // clang-format off
     const Row rows[] = {
     //   Mid      Left     Right    first    count
         {L"",     L"",     L"",     0,       0},
@@ -370,6 +387,7 @@ TEST(CStringParts, ClampWhatTheyAreAskedFor)
         {L"",     L"metre", L"metre", INT_MAX, INT_MAX},
         {L"",     L"",     L"",     INT_MAX, INT_MIN},
     };
+    // clang-format on
     const CString text(L"metre");
     for (const Row& row : rows)
     {
@@ -393,8 +411,10 @@ TEST(CStringParts, SpanAsFarAsTheGivenCharactersReach)
         const wchar_t* characters;
     };
     const Row rows[] = {
-        {L"", L"", L"", L"abc"},         {L"", L"abc", L"abc", L""},     {L"", L"abc", L"abc", nullptr}, {L"12", L"", L"12 mm", L"0123456789"},
-        {L"", L"12", L"12 mm", L" m"},   {L"aab", L"", L"aab", L"ab"},   {L"", L"xyz", L"xyz", L"ab"},
+        {L"", L"", L"", L"abc"},        {L"", L"abc", L"abc", L""},
+        {L"", L"abc", L"abc", nullptr}, {L"12", L"", L"12 mm", L"0123456789"},
+        {L"", L"12", L"12 mm", L" m"},  {L"aab", L"", L"aab", L"ab"},
+        {L"", L"xyz", L"xyz", L"ab"},
     };
     for (const Row& row : rows)
     {
@@ -426,7 +446,8 @@ TEST(CStringParts, TokenizeSkipsDelimitersAndEndsWithMinusOne)
         const CString text(row.text);
         CString tokens;
         int position = 0;
-        for (CString token = text.Tokenize(row.delimiters, position); position != -1; token = text.Tokenize(row.delimiters, position))
+        for (CString token = text.Tokenize(row.delimiters, position); position != -1;
+             token = text.Tokenize(row.delimiters, position))
             tokens += token + L'|';
         EXPECT_EQ(row.expected, tokens) << ::testing::PrintToString(row.text);
         EXPECT_EQ(L"", text.Tokenize(row.delimiters, position));
@@ -461,14 +482,14 @@ TEST(CStringCase, MapsLetterByLetter)
         {L"DÉCIMÈTRE", L"décimètre", L"Décimètre"},
         {L"ÀÂÄÇÉÈÊËÎÏÔÖÙÛÜŒÆ", L"àâäçéèêëîïôöùûüœæ", L"àâäçéèêëîïôöùûüœæ"},
         {L"ΑΒΓ ЖЗИ", L"αβγ жзи", L"Αβγ Жзи"},
-        {L"STRAßE", L"straße", L"Straße"},      // one element stays one
-        {L"µM", L"µm", L"µm"},                  // the micro sign is not the letter mu
+        {L"STRAßE", L"straße", L"Straße"},  // one element stays one
+        {L"µM", L"µm", L"µm"},              // the micro sign is not the letter mu
         {L"Ÿ", L"ÿ", L"ÿ"},
         {L"Iı", L"iı", L"iı"},
         {L"İ", L"İ", L"İ"},
         {L"ſ", L"ſ", L"ſ"},
-        {L"ǄǅǄ", L"ǆǅǆ", L"ǆǅǄ"},               // the title-case form has two counterparts
-        {L"K\x212A", L"k\x212A", L"k\x212A"},   // the Kelvin sign
+        {L"ǄǅǄ", L"ǆǅǆ", L"ǆǅǄ"},              // the title-case form has two counterparts
+        {L"K\x212A", L"k\x212A", L"k\x212A"},  // the Kelvin sign
         {L"0²!° \t", L"0²!° \t", L"0²!° \t"},
     };
     for (const Row& row : rows)
@@ -513,8 +534,8 @@ TEST(CStringEditing, ReplacesTextsAndCountsThem)
         {L"xbc", 1, L"abc", L"a", L"x"},
         {L"bc", 1, L"abc", L"a", nullptr},
         {L"", 3, L"aaa", L"a", L""},
-        {L"ba", 1, L"aaa", L"aa", L"b"},          // left to right, without overlap
-        {L"aaaa", 2, L"aa", L"a", L"aa"},         // what arises is left alone
+        {L"ba", 1, L"aaa", L"aa", L"b"},   // left to right, without overlap
+        {L"aaaa", 2, L"aa", L"a", L"aa"},  // what arises is left alone
         {L"abab", 2, L"abab", L"ab", L"ab"},
         {L"1 sq in", 1, L"1 \"²", L"\"²", L"sq in"},
         {L"a text beyond the object, a text beyond the object", 2, L"!, !", L"!", L"a text beyond the object"},
@@ -558,8 +579,9 @@ TEST(CStringEditing, DeletesWhatIsThereAndReturnsTheLength)
         int count;
     };
     const Row rows[] = {
-        {L"bcdef", 0, 1}, {L"abef", 2, 2}, {L"abc", 3, 100}, {L"abcdef", 6, 1},  {L"abcdef", 100, 1},   {L"abcdef", 2, 0},
-        {L"abcdef", 2, -1}, {L"cdef", -3, 2}, {L"", 0, INT_MAX}, {L"a", 1, INT_MAX}, {L"", INT_MIN, INT_MAX},
+        {L"bcdef", 0, 1},    {L"abef", 2, 2},    {L"abc", 3, 100},        {L"abcdef", 6, 1},
+        {L"abcdef", 100, 1}, {L"abcdef", 2, 0},  {L"abcdef", 2, -1},      {L"cdef", -3, 2},
+        {L"", 0, INT_MAX},   {L"a", 1, INT_MAX}, {L"", INT_MIN, INT_MAX},
     };
     for (const Row& row : rows)
     {
@@ -587,8 +609,19 @@ TEST(CStringTrimming, RemovesWhiteSpaceACharacterOrASet)
         {L"", L"", L"", L" \t\r\n\v\f"},
         {L"a b", L"a b ", L" a b", L" a b "},
         {L"a", L"a\t\n", L"\r\n a", L"\r\n a\t\n"},
-        {L"a", L"a\x00A0\x3000", L"\x00A0\x2003\x0085" L"a", L"\x00A0\x2003\x0085" L"a\x00A0\x3000"},
-        {L"\x200B" L"a\x180E", L"\x200B" L"a\x180E ", L" \x200B" L"a\x180E", L" \x200B" L"a\x180E "},  // no white space
+        {L"a", L"a\x00A0\x3000",
+         L"\x00A0\x2003\x0085"
+         L"a",
+         L"\x00A0\x2003\x0085"
+         L"a\x00A0\x3000"},
+        {L"\x200B"
+         L"a\x180E",
+         L"\x200B"
+         L"a\x180E ",
+         L" \x200B"
+         L"a\x180E",
+         L" \x200B"
+         L"a\x180E "},  // no white space
     };
     for (const Row& row : rows)
     {
@@ -618,6 +651,7 @@ TEST(CStringSearching, FindsFromAStart)
         int start;
     };
     const CString text(L"abcabc");
+    // clang-format off
     const Row rows[] = {
     //   character  text  searched  start
         {0,         0,    L"a",     0},
@@ -634,10 +668,13 @@ TEST(CStringSearching, FindsFromAStart)
         {-1,        -1,   L"a",     INT_MAX},
         {0,         -1,   L"abcabcd", 0},
     };
+    // clang-format on
     for (const Row& row : rows)
     {
-        EXPECT_EQ(row.character, text.Find(row.searched[0], row.start)) << ::testing::PrintToString(row.searched) << " from " << row.start;
-        EXPECT_EQ(row.text, text.Find(row.searched, row.start)) << ::testing::PrintToString(row.searched) << " from " << row.start;
+        EXPECT_EQ(row.character, text.Find(row.searched[0], row.start))
+            << ::testing::PrintToString(row.searched) << " from " << row.start;
+        EXPECT_EQ(row.text, text.Find(row.searched, row.start))
+            << ::testing::PrintToString(row.searched) << " from " << row.start;
     }
 }
 

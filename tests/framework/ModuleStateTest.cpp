@@ -9,7 +9,10 @@ namespace
 {
 
 /// Handles are only compared here, never loaded from.
-HINSTANCE OtherModule(std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); }
+HINSTANCE OtherModule(std::uintptr_t value)
+{
+    return reinterpret_cast<HINSTANCE>(value);
+}
 
 class ModuleState : public ::testing::Test
 {
@@ -19,7 +22,7 @@ protected:
     HINSTANCE m_before = AfxGetResourceHandle();
 };
 
-} // namespace
+}  // namespace
 
 TEST_F(ModuleState, StartsWithTheLibraryAsTheCurrentResourceModule)
 {

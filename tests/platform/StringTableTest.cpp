@@ -8,8 +8,8 @@
 
 #include "vetools/framework/ModuleState.h"
 
-// What the system and its stand-in both answer for entries of a string table: the last error is set to a sentinel, and result
-// and error are read together.
+// What the system and its stand-in both answer for entries of a string table: the last error is set to a sentinel, and
+// result and error are read together.
 
 namespace
 {
@@ -37,7 +37,7 @@ Loaded Load(UINT id, int bufferSize)
     return {result, error, std::wstring(buffer, 10)};
 }
 
-} // namespace
+}  // namespace
 
 TEST(StringTable, CopiesATextWithItsTerminator)
 {
@@ -82,7 +82,8 @@ TEST(StringTable, GivesThePlaceOfATextForABufferOfSizeZero)
     EXPECT_EQ(text, again);
 }
 
-/// Whether the first character becomes the terminator then is not the same on all systems; nothing behind it is written.
+/// Whether the first character becomes the terminator then is not the same on all systems; nothing behind it is
+/// written.
 TEST(StringTable, ReturnsZeroWithoutAnEntryOrWithoutRoom)
 {
     struct Row

@@ -20,14 +20,16 @@ struct Converted
     DWORD error;
 };
 
-Converted ToWide(const char* text, int textSize, wchar_t* buffer, int bufferSize, UINT codePage = CP_UTF8, DWORD flags = 0)
+Converted ToWide(const char* text, int textSize, wchar_t* buffer, int bufferSize, UINT codePage = CP_UTF8,
+                 DWORD flags = 0)
 {
     ::SetLastError(c_sentinel);
     const int result = ::MultiByteToWideChar(codePage, flags, text, textSize, buffer, bufferSize);
     return {result, ::GetLastError()};
 }
 
-Converted ToNarrow(const wchar_t* text, int textSize, char* buffer, int bufferSize, UINT codePage = CP_UTF8, DWORD flags = 0)
+Converted ToNarrow(const wchar_t* text, int textSize, char* buffer, int bufferSize, UINT codePage = CP_UTF8,
+                   DWORD flags = 0)
 {
     ::SetLastError(c_sentinel);
     const int result = ::WideCharToMultiByte(codePage, flags, text, textSize, buffer, bufferSize, nullptr, nullptr);
@@ -40,7 +42,7 @@ void ExpectResult(int result, DWORD error, Converted converted)
     EXPECT_EQ(error, converted.error);
 }
 
-} // namespace
+}  // namespace
 
 TEST(PlatformText, ConvertsNarrowToWideAndBack)
 {
@@ -50,7 +52,12 @@ TEST(PlatformText, ConvertsNarrowToWideAndBack)
         const wchar_t* wide;
     };
     const Row rows[] = {
-        {"", L""}, {"mm", L"mm"}, {"\xC2\xB5m", L"µm"}, {"M\xC3\xA8tre", L"Mètre"}, {"\xE2\x82\xAC", L"\x20AC"}, {"\xEF\xBF\xBD", L"\xFFFD"},
+        {"", L""},
+        {"mm", L"mm"},
+        {"\xC2\xB5m", L"µm"},
+        {"M\xC3\xA8tre", L"Mètre"},
+        {"\xE2\x82\xAC", L"\x20AC"},
+        {"\xEF\xBF\xBD", L"\xFFFD"},
     };
     for (const Row& row : rows)
     {
@@ -132,7 +139,10 @@ TEST(PlatformText, MapsTheCaseOfEachElementInPlace)
 TEST(PlatformText, MapsCaseAlikeOverAllCharacters)
 {
     std::uint64_t sum = 14695981039346656037U;
-    const auto add = [&sum](wchar_t character) { sum = (sum ^ static_cast<std::uint64_t>(character)) * 1099511628211U; };
+    const auto add = [&sum](wchar_t character)
+    {
+        sum = (sum ^ static_cast<std::uint64_t>(character)) * 1099511628211U;
+    };
     int changed = 0;
     for (unsigned code = 1; code < 0x10000; ++code)
     {
@@ -159,15 +169,9 @@ TEST(PlatformText, ComparesTextsAsADictionaryDoes)
         DWORD flags;
     };
     const Row rows[] = {
-        {CSTR_EQUAL, L"", L"", 0},
-        {CSTR_LESS_THAN, L"", L"a", 0},
-        {CSTR_LESS_THAN, L"a", L"B", 0},
-        {CSTR_GREATER_THAN, L"b", L"A", 0},
-        {CSTR_LESS_THAN, L"a", L"A", 0},
-        {CSTR_EQUAL, L"a", L"A", NORM_IGNORECASE},
-        {CSTR_LESS_THAN, L"e", L"é", 0},
-        {CSTR_LESS_THAN, L"é", L"f", 0},
-        {CSTR_EQUAL, L"É", L"é", NORM_IGNORECASE},
+        {CSTR_EQUAL, L"", L"", 0},          {CSTR_LESS_THAN, L"", L"a", 0},  {CSTR_LESS_THAN, L"a", L"B", 0},
+        {CSTR_GREATER_THAN, L"b", L"A", 0}, {CSTR_LESS_THAN, L"a", L"A", 0}, {CSTR_EQUAL, L"a", L"A", NORM_IGNORECASE},
+        {CSTR_LESS_THAN, L"e", L"é", 0},    {CSTR_LESS_THAN, L"é", L"f", 0}, {CSTR_EQUAL, L"É", L"é", NORM_IGNORECASE},
         {CSTR_LESS_THAN, L"1", L"a", 0},
     };
     for (const Row& row : rows)

@@ -134,7 +134,7 @@ const Row c_rows[] = {
     {21056, L"Inch-Fraction²"},
 };
 
-} // namespace
+}  // namespace
 
 TEST(Strings, AreThoseThatHostsKnowById)
 {

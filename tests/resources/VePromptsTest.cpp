@@ -46,7 +46,10 @@ bool Count(CString& text, unsigned, const wchar_t*, unsigned)
     return true;
 }
 
-bool Throw(CString&, unsigned, const wchar_t*, unsigned) { throw std::runtime_error("no prompts today"); }
+bool Throw(CString&, unsigned, const wchar_t*, unsigned)
+{
+    throw std::runtime_error("no prompts today");
+}
 
 class Prompts : public ::testing::Test
 {
@@ -61,9 +64,12 @@ protected:
     HINSTANCE m_before = AfxGetResourceHandle();
 };
 
-CVeUnitBase Metre() { return CVeUnitBase(Unit::UNIT_ID_LENGTH, 4, 2, L'.', 1.0, 1); }
+CVeUnitBase Metre()
+{
+    return CVeUnitBase(Unit::UNIT_ID_LENGTH, 4, 2, L'.', 1.0, 1);
+}
 
-} // namespace
+}  // namespace
 
 TEST_F(Prompts, LeaveTheTextAloneWithoutAProvider)
 {

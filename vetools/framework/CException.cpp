@@ -19,20 +19,29 @@ CRuntimeClass* CObject::GetThisClass()
     return &s_record;
 }
 
-CRuntimeClass* CObject::GetRuntimeClass() const { return GetThisClass(); }
+CRuntimeClass* CObject::GetRuntimeClass() const
+{
+    return GetThisClass();
+}
 
 CObject::~CObject() = default;
 
 void CObject::Serialize(CArchive&) {}
 
-bool CObject::IsKindOf(const CRuntimeClass* runtimeClass) const { return GetRuntimeClass()->IsDerivedFrom(runtimeClass); }
+bool CObject::IsKindOf(const CRuntimeClass* runtimeClass) const
+{
+    return GetRuntimeClass()->IsDerivedFrom(runtimeClass);
+}
 
 IMPLEMENT_DYNAMIC(CException, CObject)
 IMPLEMENT_DYNAMIC(CSimpleException, CException)
 IMPLEMENT_DYNAMIC(CInvalidArgException, CSimpleException)
 IMPLEMENT_DYNAMIC(CMemoryException, CSimpleException)
 
-CException::CException(bool autoDelete) : m_autoDelete(autoDelete) {}
+CException::CException(bool autoDelete)
+    : m_autoDelete(autoDelete)
+{
+}
 
 CException::~CException() = default;
 
@@ -51,7 +60,10 @@ bool CException::GetErrorMessage(wchar_t* buffer, UINT bufferSize, UINT* helpCon
     return false;
 }
 
-CSimpleException::CSimpleException(bool autoDelete) : CException(autoDelete) {}
+CSimpleException::CSimpleException(bool autoDelete)
+    : CException(autoDelete)
+{
+}
 
 bool CSimpleException::GetErrorMessage(wchar_t* buffer, UINT bufferSize, UINT* helpContext) const
 {
@@ -65,17 +77,35 @@ bool CSimpleException::GetErrorMessage(wchar_t* buffer, UINT bufferSize, UINT* h
     return true;
 }
 
-const wchar_t* CSimpleException::ErrorText() const { return nullptr; }
+const wchar_t* CSimpleException::ErrorText() const
+{
+    return nullptr;
+}
 
-CInvalidArgException::CInvalidArgException(bool autoDelete) : CSimpleException(autoDelete) {}
+CInvalidArgException::CInvalidArgException(bool autoDelete)
+    : CSimpleException(autoDelete)
+{
+}
 
-const wchar_t* CInvalidArgException::ErrorText() const { return L"An invalid argument was encountered."; }
+const wchar_t* CInvalidArgException::ErrorText() const
+{
+    return L"An invalid argument was encountered.";
+}
 
-CMemoryException::CMemoryException(bool autoDelete) : CSimpleException(autoDelete) {}
+CMemoryException::CMemoryException(bool autoDelete)
+    : CSimpleException(autoDelete)
+{
+}
 
-const wchar_t* CMemoryException::ErrorText() const { return L"Out of memory."; }
+const wchar_t* CMemoryException::ErrorText() const
+{
+    return L"Out of memory.";
+}
 
-void AfxThrowInvalidArgException() { throw new CInvalidArgException; }
+void AfxThrowInvalidArgException()
+{
+    throw new CInvalidArgException;
+}
 
 void AfxThrowMemoryException()
 {

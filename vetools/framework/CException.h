@@ -6,8 +6,8 @@
 class CArchive;
 class CObject;
 
-/// What is known of a class at run time: one constant record per class, linked to the record of its base class. Hosts compare
-/// records by address.
+/// What is known of a class at run time: one constant record per class, linked to the record of its base class. Hosts
+/// compare records by address.
 struct VETOOLS_API CRuntimeClass
 {
     /// The class name as it stands in the source, in ASCII.
@@ -29,22 +29,26 @@ struct VETOOLS_API CRuntimeClass
 #define RUNTIME_CLASS(className) (className::GetThisClass())
 
 /// Stands in a class that derives from CObject and declares its record; IMPLEMENT_DYNAMIC in one source defines it.
-#define DECLARE_DYNAMIC(className)                                                                                                                   \
-public:                                                                                                                                              \
-    static CRuntimeClass* GetThisClass();                                                                                                            \
+#define DECLARE_DYNAMIC(className)                                                                                     \
+public:                                                                                                                \
+    static CRuntimeClass* GetThisClass();                                                                              \
     CRuntimeClass* GetRuntimeClass() const override;
 
 /// Defines the record of `className`, whose base class is `baseClassName`.
-#define IMPLEMENT_DYNAMIC(className, baseClassName)                                                                                                  \
-    CRuntimeClass* className::GetThisClass()                                                                                                         \
-    {                                                                                                                                                \
-        static CRuntimeClass s_record = {#className, static_cast<int>(sizeof(className)), 0xFFFF, nullptr, &baseClassName::GetThisClass};            \
-        return &s_record;                                                                                                                            \
-    }                                                                                                                                                \
-    CRuntimeClass* className::GetRuntimeClass() const { return GetThisClass(); }
+#define IMPLEMENT_DYNAMIC(className, baseClassName)                                                                    \
+    CRuntimeClass* className::GetThisClass()                                                                           \
+    {                                                                                                                  \
+        static CRuntimeClass s_record = {#className, static_cast<int>(sizeof(className)), 0xFFFF, nullptr,             \
+                                         &baseClassName::GetThisClass};                                                \
+        return &s_record;                                                                                              \
+    }                                                                                                                  \
+    CRuntimeClass* className::GetRuntimeClass() const                                                                  \
+    {                                                                                                                  \
+        return GetThisClass();                                                                                         \
+    }
 
-/// The root of the framework's classes: a virtual destructor and the run-time class record. Objects are not copied, unless a
-/// derived class says how.
+/// The root of the framework's classes: a virtual destructor and the run-time class record. Objects are not copied,
+/// unless a derived class says how.
 class VETOOLS_API CObject
 {
 public:
@@ -65,7 +69,8 @@ protected:
     CObject() = default;
 };
 
-/// What the framework throws, by pointer: `catch (CException* exception)`. Who catches it and does not throw it on calls Delete.
+/// What the framework throws, by pointer: `catch (CException* exception)`. Who catches it and does not throw it on
+/// calls Delete.
 class VETOOLS_API CException : public CObject
 {
     DECLARE_DYNAMIC(CException)
@@ -78,9 +83,9 @@ public:
     /// Ends the life of a caught exception: destroys it if it was made with new for throwing.
     void Delete();
 
-    /// Writes what went wrong, cut to `bufferSize` characters with the terminator, and returns true. Returns false when there is
-    /// no text to give: `buffer` then holds an empty text (nothing is written when it is null or bufferSize is 0).
-    /// helpContext, when given, receives 0.
+    /// Writes what went wrong, cut to `bufferSize` characters with the terminator, and returns true. Returns false when
+    /// there is no text to give: `buffer` then holds an empty text (nothing is written when it is null or bufferSize is
+    /// 0). helpContext, when given, receives 0.
     virtual bool GetErrorMessage(wchar_t* buffer, UINT bufferSize, UINT* helpContext = nullptr) const;
 
 private:
@@ -112,8 +117,8 @@ private:
     const wchar_t* ErrorText() const override;
 };
 
-/// Thrown when memory is exhausted, or when a text or an array would exceed the largest length. The object thrown is not
-/// allocated: one stands ready.
+/// Thrown when memory is exhausted, or when a text or an array would exceed the largest length. The object thrown is
+/// not allocated: one stands ready.
 class VETOOLS_API CMemoryException : public CSimpleException
 {
     DECLARE_DYNAMIC(CMemoryException)

@@ -14,17 +14,24 @@ namespace
 constexpr std::size_t c_notFound = std::wstring_view::npos;
 
 /// The white space that Trim… remove, the same on both builds.
-constexpr std::wstring_view c_whiteSpace =
-    L"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000";
+constexpr std::wstring_view c_whiteSpace = L"\t\n\v\f\r "
+                                           L"\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008"
+                                           L"\u2009\u200A\u2028\u2029\u202F\u205F\u3000";
 
-int IndexOrNotFound(std::size_t index) noexcept { return index == c_notFound ? -1 : static_cast<int>(index); }
+int IndexOrNotFound(std::size_t index) noexcept
+{
+    return index == c_notFound ? -1 : static_cast<int>(index);
+}
 
 std::size_t Clamped(int value, std::size_t highest) noexcept
 {
     return value > 0 ? std::min(static_cast<std::size_t>(value), highest) : 0;
 }
 
-std::wstring_view TextOrEmpty(const wchar_t* text) noexcept { return text != nullptr ? text : L""; }
+std::wstring_view TextOrEmpty(const wchar_t* text) noexcept
+{
+    return text != nullptr ? text : L"";
+}
 
 wchar_t LowerCase(wchar_t character) noexcept
 {
@@ -37,12 +44,12 @@ wchar_t LowerCase(wchar_t character) noexcept
 
 int CollateTexts(DWORD flags, std::wstring_view left, std::wstring_view right)
 {
-    const int result = ::CompareStringW(LOCALE_USER_DEFAULT, flags, left.data(), static_cast<int>(left.size()), right.data(),
-                                        static_cast<int>(right.size()));
+    const int result = ::CompareStringW(LOCALE_USER_DEFAULT, flags, left.data(), static_cast<int>(left.size()),
+                                        right.data(), static_cast<int>(right.size()));
     return result - CSTR_EQUAL;
 }
 
-} // namespace
+}  // namespace
 
 // Memory
 
@@ -71,7 +78,10 @@ CString::CString(wchar_t character, int repeat)
     m_text[length] = L'\0';
 }
 
-void CString::Free(wchar_t* text) noexcept { delete[] text; }
+void CString::Free(wchar_t* text) noexcept
+{
+    delete[] text;
+}
 
 /// Memory for a text and its terminator.
 static wchar_t* AllocateText(std::size_t length)
@@ -170,7 +180,10 @@ void CString::FreeExtra()
 
 // Characters
 
-void CString::ThrowInvalidIndex() { AfxThrowInvalidArgException(); }
+void CString::ThrowInvalidIndex()
+{
+    AfxThrowInvalidArgException();
+}
 
 void CString::SetAt(int index, wchar_t character)
 {
@@ -256,7 +269,8 @@ int CString::Replace(const wchar_t* oldText, const wchar_t* newText)
         return 0;
 
     int count = 0;
-    for (std::size_t found = text.find(searched); found != c_notFound; found = text.find(searched, found + searched.size()))
+    for (std::size_t found = text.find(searched); found != c_notFound;
+         found = text.find(searched, found + searched.size()))
         ++count;
     if (count == 0)
         return 0;
@@ -315,9 +329,15 @@ CString CString::Mid(int first, int count) const
     return CString(text.substr(start, Clamped(count, text.size() - start)));
 }
 
-CString CString::Left(int count) const { return CString(View().substr(0, Clamped(count, View().size()))); }
+CString CString::Left(int count) const
+{
+    return CString(View().substr(0, Clamped(count, View().size())));
+}
 
-CString CString::Right(int count) const { return CString(View().substr(View().size() - Clamped(count, View().size()))); }
+CString CString::Right(int count) const
+{
+    return CString(View().substr(View().size() - Clamped(count, View().size())));
+}
 
 CString CString::SpanIncluding(const wchar_t* characters) const
 {
@@ -333,7 +353,8 @@ CString CString::Tokenize(const wchar_t* delimiters, int& position) const
 {
     const std::wstring_view text = View();
     const std::wstring_view separators = TextOrEmpty(delimiters);
-    const std::size_t start = position >= 0 ? text.find_first_not_of(separators, static_cast<std::size_t>(position)) : c_notFound;
+    const std::size_t start =
+        position >= 0 ? text.find_first_not_of(separators, static_cast<std::size_t>(position)) : c_notFound;
     if (start == c_notFound)
     {
         position = -1;
@@ -356,7 +377,10 @@ static constexpr std::wstring_view TrimmedRight(std::wstring_view text, std::wst
     return text.substr(0, text.find_last_not_of(characters) + 1);
 }
 
-CString& CString::Trim(const wchar_t* characters) { return TrimRight(characters).TrimLeft(characters); }
+CString& CString::Trim(const wchar_t* characters)
+{
+    return TrimRight(characters).TrimLeft(characters);
+}
 
 CString& CString::TrimLeft()
 {
@@ -406,9 +430,15 @@ int CString::Find(const wchar_t* text, int start) const noexcept
     return start >= 0 ? IndexOrNotFound(View().find(TextOrEmpty(text), static_cast<std::size_t>(start))) : -1;
 }
 
-int CString::ReverseFind(wchar_t character) const noexcept { return IndexOrNotFound(View().rfind(character)); }
+int CString::ReverseFind(wchar_t character) const noexcept
+{
+    return IndexOrNotFound(View().rfind(character));
+}
 
-int CString::FindOneOf(const wchar_t* characters) const noexcept { return IndexOrNotFound(View().find_first_of(TextOrEmpty(characters))); }
+int CString::FindOneOf(const wchar_t* characters) const noexcept
+{
+    return IndexOrNotFound(View().find_first_of(TextOrEmpty(characters)));
+}
 
 int CString::CompareNoCase(const wchar_t* other) const noexcept
 {
@@ -427,13 +457,22 @@ int CString::CompareNoCase(const wchar_t* other) const noexcept
     return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
 }
 
-int CString::Collate(const wchar_t* other) const { return CollateTexts(0, View(), TextOrEmpty(other)); }
+int CString::Collate(const wchar_t* other) const
+{
+    return CollateTexts(0, View(), TextOrEmpty(other));
+}
 
-int CString::CollateNoCase(const wchar_t* other) const { return CollateTexts(NORM_IGNORECASE, View(), TextOrEmpty(other)); }
+int CString::CollateNoCase(const wchar_t* other) const
+{
+    return CollateTexts(NORM_IGNORECASE, View(), TextOrEmpty(other));
+}
 
 // Resources
 
-bool CString::LoadText(UINT id) { return LoadText(AfxGetResourceHandle(), id); }
+bool CString::LoadText(UINT id)
+{
+    return LoadText(AfxGetResourceHandle(), id);
+}
 
 bool CString::LoadText(HINSTANCE module, UINT id)
 {

@@ -23,13 +23,13 @@
 
 /// The framework's wide string: a text that owns its characters, with its length and a terminator.
 ///
-/// Texts of up to c_shortLength characters stand in the object itself, without allocation; longer ones in memory that grows
-/// by half. Moving never allocates and never throws. Wherever a text is taken as a pointer, null reads as the empty text, and
-/// the text may be part of this very string: s = s.GetString() + 2, s.Insert(0, s), s.Replace(L"a", s).
+/// Texts of up to c_shortLength characters stand in the object itself, without allocation; longer ones in memory that
+/// grows by half. Moving never allocates and never throws. Wherever a text is taken as a pointer, null reads as the
+/// empty text, and the text may be part of this very string: s = s.GetString() + 2, s.Insert(0, s), s.Replace(L"a", s).
 ///
-/// Lengths, indices and counts are in elements of wchar_t, of 2 bytes on Windows and of 4 elsewhere. A text taken by pointer
-/// ends at its first null character. One that is given with its length may hold null characters: they count as any other, in
-/// searches and comparisons too.
+/// Lengths, indices and counts are in elements of wchar_t, of 2 bytes on Windows and of 4 elsewhere. A text taken by
+/// pointer ends at its first null character. One that is given with its length may hold null characters: they count as
+/// any other, in searches and comparisons too.
 ///
 /// Failures are the framework's: CInvalidArgException* for an index outside the text where the function says so,
 /// CMemoryException* when memory runs out or a length would exceed INT_MAX. The string then holds what it held before.
@@ -44,14 +44,23 @@ public:
     static constexpr int c_shortLength = 23;
 
     CString() noexcept { m_short[0] = L'\0'; }
-    CString(const CString& other) : CString(other.m_text, other.m_length) {}
+    CString(const CString& other)
+        : CString(other.m_text, other.m_length)
+    {
+    }
     CString(CString&& other) noexcept { TakeFrom(other); }
-    CString(const wchar_t* text) : CString(ViewOf(text)) {}
+    CString(const wchar_t* text)
+        : CString(ViewOf(text))
+    {
+    }
     /// The text in wide characters. Its bytes are in the system's narrow encoding: the ANSI code page on Windows, UTF-8
     /// elsewhere. Bytes that encode nothing become U+FFFD off Windows, and what the system chooses on Windows.
     CString(const char* text);
     /// The first `length` characters of a text, null characters included; the empty text for null or a negative length.
-    CString(const wchar_t* text, int length) : CString(std::wstring_view(text, CheckedLength(text, length))) {}
+    CString(const wchar_t* text, int length)
+        : CString(std::wstring_view(text, CheckedLength(text, length)))
+    {
+    }
     /// A character `repeat` times; the empty text when that is less than 1.
     explicit CString(wchar_t character, int repeat = 1);
     explicit CString(std::wstring_view text)
@@ -125,7 +134,8 @@ public:
         ResetToShort();
     }
 
-    /// The character at `index`, 0 to GetLength(): the terminator at the latter. Any other index throws CInvalidArgException*.
+    /// The character at `index`, 0 to GetLength(): the terminator at the latter. Any other index throws
+    /// CInvalidArgException*.
     wchar_t GetAt(int index) const
     {
         if (static_cast<unsigned>(index) > static_cast<unsigned>(m_length))
@@ -139,7 +149,8 @@ public:
     /// The first `length` characters of a text, null characters included; the empty text for null or a negative length.
     void SetString(const wchar_t* text, int length) { Assign(std::wstring_view(text, CheckedLength(text, length))); }
     void Append(const wchar_t* text) { AppendView(ViewOf(text)); }
-    /// Appends the first `length` characters of a text, null characters included; nothing for null or a negative length.
+    /// Appends the first `length` characters of a text, null characters included; nothing for null or a negative
+    /// length.
     void Append(const wchar_t* text, int length) { AppendView(std::wstring_view(text, CheckedLength(text, length))); }
     void Append(const CString& text) { AppendView(text.View()); }
     void AppendChar(wchar_t character)
@@ -150,18 +161,19 @@ public:
         m_text[++m_length] = L'\0';
     }
 
-    /// Orders two texts by their elements, one by one: -1 when this one comes first, 0 when they are equal, 1 otherwise.
+    /// Orders two texts by their elements, one by one: -1 when this one comes first, 0 when they are equal, 1
+    /// otherwise.
     int Compare(const wchar_t* other) const noexcept { return Sign(View().compare(ViewOf(other))); }
     /// As Compare, each element read as its lower case: CString(L"ÉTÉ").CompareNoCase(L"été") is 0.
     int CompareNoCase(const wchar_t* other) const noexcept;
-    /// Orders two texts as the readers of a dictionary expect: by letters, then by accents, then by case. The rules are those of
-    /// the user's language on Windows and those common to all languages elsewhere.
+    /// Orders two texts as the readers of a dictionary expect: by letters, then by accents, then by case. The rules are
+    /// those of the user's language on Windows and those common to all languages elsewhere.
     int Collate(const wchar_t* other) const;
     /// As Collate, upper and lower case alike.
     int CollateNoCase(const wchar_t* other) const;
 
-    /// The text from `first` on, or `count` characters of it. Negative arguments count as 0; what lies beyond the end is left
-    /// out: CString(L"metre").Mid(3, 10) is "re".
+    /// The text from `first` on, or `count` characters of it. Negative arguments count as 0; what lies beyond the end
+    /// is left out: CString(L"metre").Mid(3, 10) is "re".
     CString Mid(int first) const { return Mid(first, INT_MAX); }
     CString Mid(int first, int count) const;
     /// The first `count` characters: the whole text when there are fewer, none when `count` is negative.
@@ -172,9 +184,9 @@ public:
     CString SpanIncluding(const wchar_t* characters) const;
     /// The longest beginning without any of the given characters: CString(L"12 mm").SpanExcluding(L" ") is "12".
     CString SpanExcluding(const wchar_t* characters) const;
-    /// The next token from `position` on: leading delimiters are skipped, the token ends before the next one, and `position`
-    /// moves behind that. When no token is left, the result is empty and `position` -1, and so it stays. Without delimiters
-    /// the rest of the text is one token.
+    /// The next token from `position` on: leading delimiters are skipped, the token ends before the next one, and
+    /// `position` moves behind that. When no token is left, the result is empty and `position` -1, and so it stays.
+    /// Without delimiters the rest of the text is one token.
     ///
     ///     int position = 0;
     ///     for (CString token = text.Tokenize(L" ;", position); position != -1; token = text.Tokenize(L" ;", position))
@@ -189,8 +201,8 @@ public:
 
     /// Replaces every `oldCharacter`; returns how many there were, 0 when both are the same.
     int Replace(wchar_t oldCharacter, wchar_t newCharacter);
-    /// Replaces every `oldText`, found from left to right without overlap; returns how many there were. Texts that arise from
-    /// the replacement are left alone. An empty `oldText` is never found.
+    /// Replaces every `oldText`, found from left to right without overlap; returns how many there were. Texts that
+    /// arise from the replacement are left alone. An empty `oldText` is never found.
     int Replace(const wchar_t* oldText, const wchar_t* newText);
     /// Removes every such character, returns how many there were.
     int Remove(wchar_t character);
@@ -212,22 +224,22 @@ public:
     CString& TrimRight(wchar_t character);
     CString& TrimRight(const wchar_t* characters);
 
-    /// The index of the first such character at or behind `start`; -1 when there is none, or when `start` is negative or not
-    /// less than the length.
+    /// The index of the first such character at or behind `start`; -1 when there is none, or when `start` is negative
+    /// or not less than the length.
     int Find(wchar_t character, int start = 0) const noexcept;
-    /// The index of the first such text at or behind `start`; -1 when there is none, or when `start` is negative or greater
-    /// than the length. The empty text is found at `start`.
+    /// The index of the first such text at or behind `start`; -1 when there is none, or when `start` is negative or
+    /// greater than the length. The empty text is found at `start`.
     int Find(const wchar_t* text, int start = 0) const noexcept;
     /// The index of the last such character, -1 when there is none.
     int ReverseFind(wchar_t character) const noexcept;
     /// The index of the first character that is one of those given, -1 when there is none.
     int FindOneOf(const wchar_t* characters) const noexcept;
 
-    /// Replaces the text by a printed one; the conventions are those of Windows for wide formats on both builds: %s and %c
-    /// take wide arguments, %S and %hs narrow ones, %I64d a 64-bit integer. Arguments may point into this string.
+    /// Replaces the text by a printed one; the conventions are those of Windows for wide formats on both builds: %s and
+    /// %c take wide arguments, %S and %hs narrow ones, %I64d a 64-bit integer. Arguments may point into this string.
     void Format(const wchar_t* format, ...);
-    /// The same with a format from the string table of the current resource module; throws CInvalidArgException* when there
-    /// is no such string.
+    /// The same with a format from the string table of the current resource module; throws CInvalidArgException* when
+    /// there is no such string.
     void Format(UINT formatId, ...);
     void FormatV(const wchar_t* format, va_list arguments);
     /// Appends a printed text, as Format makes it.
@@ -235,8 +247,8 @@ public:
     void AppendFormat(UINT formatId, ...);
     void AppendFormatV(const wchar_t* format, va_list arguments);
 
-    /// Loads a string of the current resource module, or of `module`. Returns false, and leaves the text as it is, when there
-    /// is no string with that id.
+    /// Loads a string of the current resource module, or of `module`. Returns false, and leaves the text as it is, when
+    /// there is no string with that id.
     bool LoadString(UINT id) { return LoadText(id); }
     bool LoadString(HINSTANCE module, UINT id) { return LoadText(module, id); }
     /// LoadString under the names that the system's macro makes of it.
@@ -245,14 +257,14 @@ public:
     bool LoadStringA(UINT id) { return LoadText(id); }
     bool LoadStringA(HINSTANCE module, UINT id) { return LoadText(module, id); }
 
-    /// The characters for writing: at least `minimumLength` of them and a terminator, beginning with the present text. Call
-    /// ReleaseBuffer before anything else is done with the string. A negative length throws CInvalidArgException*.
+    /// The characters for writing: at least `minimumLength` of them and a terminator, beginning with the present text.
+    /// Call ReleaseBuffer before anything else is done with the string. A negative length throws CInvalidArgException*.
     wchar_t* GetBuffer() { return m_text; }
     wchar_t* GetBuffer(int minimumLength);
     /// As GetBuffer, the length being `length` at once. What lies beyond the present text is not set.
     wchar_t* GetBufferSetLength(int length);
-    /// Ends writing: the length becomes `newLength`, or what the first null character says when that is -1. A length below -1
-    /// or above GetAllocLength() throws CInvalidArgException*.
+    /// Ends writing: the length becomes `newLength`, or what the first null character says when that is -1. A length
+    /// below -1 or above GetAllocLength() throws CInvalidArgException*.
     void ReleaseBuffer(int newLength = -1);
     void ReleaseBufferSetLength(int newLength) { SetLength(newLength); }
     /// Cuts the text to `newLength` characters. Does nothing when it is not longer; a negative length throws
@@ -268,7 +280,10 @@ public:
 private:
     friend VETOOLS_API CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
 
-    static std::wstring_view ViewOf(const wchar_t* text) noexcept { return text != nullptr ? std::wstring_view(text) : std::wstring_view(); }
+    static std::wstring_view ViewOf(const wchar_t* text) noexcept
+    {
+        return text != nullptr ? std::wstring_view(text) : std::wstring_view();
+    }
     static std::size_t CheckedLength(const wchar_t* text, int length) noexcept
     {
         return text != nullptr && length > 0 ? static_cast<std::size_t>(length) : 0;
@@ -342,8 +357,9 @@ private:
 template <class Result, class... Texts>
 using ForTexts = std::enable_if_t<(std::is_base_of_v<CString, Texts> && ...), Result>;
 
-// Comparisons by elements, as CString::Compare; the language derives the other operators and the reversed order of arguments.
-// They are templates in order that a derived class with comparisons of its own is compared with other texts without ambiguity.
+// Comparisons by elements, as CString::Compare; the language derives the other operators and the reversed order of
+// arguments. They are templates in order that a derived class with comparisons of its own is compared with other texts
+// without ambiguity.
 template <class Left, class Right>
 ForTexts<bool, Left, Right> operator==(const Left& left, const Right& right) noexcept
 {
@@ -368,15 +384,48 @@ ForTexts<std::strong_ordering, Left> operator<=>(const Left& left, const wchar_t
 /// Two texts one behind the other, in a string made to measure. What the operators below are made of.
 VETOOLS_API CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
 
-inline std::wstring_view TextOperand(const CString& text) noexcept { return text.View(); }
-inline std::wstring_view TextOperand(const wchar_t* text) noexcept { return text != nullptr ? std::wstring_view(text) : std::wstring_view(); }
-inline std::wstring_view TextOperand(const wchar_t& character) noexcept { return std::wstring_view(&character, 1); }
+inline std::wstring_view TextOperand(const CString& text) noexcept
+{
+    return text.View();
+}
+inline std::wstring_view TextOperand(const wchar_t* text) noexcept
+{
+    return text != nullptr ? std::wstring_view(text) : std::wstring_view();
+}
+inline std::wstring_view TextOperand(const wchar_t& character) noexcept
+{
+    return std::wstring_view(&character, 1);
+}
 
-inline CString operator+(const CString& left, const CString& right) { return ConcatenateTexts(TextOperand(left), TextOperand(right)); }
-inline CString operator+(const CString& left, const wchar_t* right) { return ConcatenateTexts(TextOperand(left), TextOperand(right)); }
-inline CString operator+(const CString& left, wchar_t right) { return ConcatenateTexts(TextOperand(left), TextOperand(right)); }
-inline CString operator+(const wchar_t* left, const CString& right) { return ConcatenateTexts(TextOperand(left), TextOperand(right)); }
-inline CString operator+(wchar_t left, const CString& right) { return ConcatenateTexts(TextOperand(left), TextOperand(right)); }
-inline CString operator+(CString&& left, const CString& right) { return std::move(left += right); }
-inline CString operator+(CString&& left, const wchar_t* right) { return std::move(left += right); }
-inline CString operator+(CString&& left, wchar_t right) { return std::move(left += right); }
+inline CString operator+(const CString& left, const CString& right)
+{
+    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+}
+inline CString operator+(const CString& left, const wchar_t* right)
+{
+    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+}
+inline CString operator+(const CString& left, wchar_t right)
+{
+    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+}
+inline CString operator+(const wchar_t* left, const CString& right)
+{
+    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+}
+inline CString operator+(wchar_t left, const CString& right)
+{
+    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+}
+inline CString operator+(CString&& left, const CString& right)
+{
+    return std::move(left += right);
+}
+inline CString operator+(CString&& left, const wchar_t* right)
+{
+    return std::move(left += right);
+}
+inline CString operator+(CString&& left, wchar_t right)
+{
+    return std::move(left += right);
+}

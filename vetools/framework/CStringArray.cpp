@@ -23,7 +23,7 @@ void CheckCount(INT_PTR count)
         AfxThrowInvalidArgException();
 }
 
-} // namespace
+}  // namespace
 
 void CStringArray::CheckIndex(INT_PTR index) const
 {
@@ -94,7 +94,10 @@ CString& CStringArray::ElementAt(INT_PTR index)
     return m_strings[static_cast<std::size_t>(index)];
 }
 
-void CStringArray::SetAt(INT_PTR index, const CString& text) { ElementAt(index) = text; }
+void CStringArray::SetAt(INT_PTR index, const CString& text)
+{
+    ElementAt(index) = text;
+}
 
 void CStringArray::SetAtGrow(INT_PTR index, const CString& text)
 {

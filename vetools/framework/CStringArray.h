@@ -7,8 +7,8 @@
 #include "vetools/framework/CString.h"
 #include "vetools/platform/Export.h"
 
-/// The framework's array of strings. Indices and sizes are INT_PTR; an index outside the array, or a negative size or count,
-/// throws CInvalidArgException* and changes nothing.
+/// The framework's array of strings. Indices and sizes are INT_PTR; an index outside the array, or a negative size or
+/// count, throws CInvalidArgException* and changes nothing.
 class VETOOLS_API CStringArray : public CObject
 {
     DECLARE_DYNAMIC(CStringArray)
@@ -24,8 +24,8 @@ public:
     bool IsEmpty() const noexcept { return m_size == 0; }
     /// Adds empty strings at the end, or removes strings from there.
     ///
-    /// growBy  how many strings to take memory for at least, whenever the array grows beyond what it has; -1 leaves that as it
-    ///         is, and 0, which it is at first, means by half
+    /// growBy  how many strings to take memory for at least, whenever the array grows beyond what it has; -1 leaves
+    ///         that as it is, and 0, which it is at first, means by half
     void SetSize(INT_PTR size, INT_PTR growBy = -1);
     /// Gives back memory that the strings do not need.
     void FreeExtra();
@@ -44,12 +44,13 @@ public:
     void SetAtGrow(INT_PTR index, const CString& text);
     /// Adds a string at the end and returns its index.
     INT_PTR Add(const CString& text);
-    /// Adds the strings of another array at the end and returns the index of the first of them. Appending an array to itself
-    /// doubles it.
+    /// Adds the strings of another array at the end and returns the index of the first of them. Appending an array to
+    /// itself doubles it.
     INT_PTR Append(const CStringArray& other);
     void Copy(const CStringArray& other);
 
-    /// Inserts a text `count` times before the string at `index`, which may lie beyond the end: the array then grows up to there.
+    /// Inserts a text `count` times before the string at `index`, which may lie beyond the end: the array then grows up
+    /// to there.
     void InsertAt(INT_PTR index, const CString& text, INT_PTR count = 1);
     void InsertAt(INT_PTR index, const CStringArray& other);
     /// Removes `count` strings from `index` on; they must all exist.

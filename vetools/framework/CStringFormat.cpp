@@ -25,7 +25,7 @@ CString LoadedFormat(UINT formatId)
     return format;
 }
 
-} // namespace
+}  // namespace
 
 void CString::Format(const wchar_t* format, ...)
 {
@@ -44,7 +44,10 @@ void CString::Format(UINT formatId, ...)
     va_end(arguments);
 }
 
-void CString::FormatV(const wchar_t* format, va_list arguments) { *this = PrintedText(format, arguments); }
+void CString::FormatV(const wchar_t* format, va_list arguments)
+{
+    *this = PrintedText(format, arguments);
+}
 
 void CString::AppendFormat(const wchar_t* format, ...)
 {
@@ -63,4 +66,7 @@ void CString::AppendFormat(UINT formatId, ...)
     va_end(arguments);
 }
 
-void CString::AppendFormatV(const wchar_t* format, va_list arguments) { *this += PrintedText(format, arguments); }
+void CString::AppendFormatV(const wchar_t* format, va_list arguments)
+{
+    *this += PrintedText(format, arguments);
+}

@@ -17,9 +17,12 @@ std::atomic<HINSTANCE>& ProcessResourceModule() noexcept
 /// The module of this thread's innermost guard, if there is one.
 thread_local std::optional<HINSTANCE> t_guardedModule;
 
-} // namespace
+}  // namespace
 
-HINSTANCE AfxGetResourceHandle() noexcept { return t_guardedModule ? *t_guardedModule : ProcessResourceModule().load(); }
+HINSTANCE AfxGetResourceHandle() noexcept
+{
+    return t_guardedModule ? *t_guardedModule : ProcessResourceModule().load();
+}
 
 void AfxSetResourceHandle(HINSTANCE module) noexcept
 {
@@ -29,8 +32,17 @@ void AfxSetResourceHandle(HINSTANCE module) noexcept
         ProcessResourceModule().store(module);
 }
 
-HINSTANCE GetVeToolsModule() noexcept { return LibraryModule(); }
+HINSTANCE GetVeToolsModule() noexcept
+{
+    return LibraryModule();
+}
 
-ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept : m_previous(std::exchange(t_guardedModule, module)) {}
+ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept
+    : m_previous(std::exchange(t_guardedModule, module))
+{
+}
 
-ScopedResourceModule::~ScopedResourceModule() { t_guardedModule = m_previous; }
+ScopedResourceModule::~ScopedResourceModule()
+{
+    t_guardedModule = m_previous;
+}

@@ -22,11 +22,12 @@ constexpr VeStringResource c_strings[] = {
 constexpr bool IdsAscend()
 {
     return std::is_sorted(std::begin(c_strings), std::end(c_strings),
-                          [](const VeStringResource& left, const VeStringResource& right) { return left.id <= right.id; });
+                          [](const VeStringResource& left, const VeStringResource& right)
+                          { return left.id <= right.id; });
 }
 
 static_assert(IdsAscend(), "a string is found by bisection");
 
-} // namespace
+}  // namespace
 
 const VeModuleRecord c_libraryModule = {c_strings, std::size(c_strings)};

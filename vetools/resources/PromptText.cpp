@@ -21,7 +21,7 @@ void CopyCut(std::wstring_view text, std::span<wchar_t> buffer)
     buffer[length] = L'\0';
 }
 
-} // namespace
+}  // namespace
 
 CString PromptText(unsigned int id)
 {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <iterator>
 
 #include "vetools/platform/LibraryModule.h"
@@ -46,7 +47,7 @@ Texts FindTexts()
     return texts;
 }
 
-} // namespace
+}  // namespace
 
 std::wstring_view StringTableText(unsigned int id)
 {

@@ -10,6 +10,12 @@ bool VePrompts::GetPrompt(CString& text, unsigned id, const wchar_t* module, uns
     return provider != nullptr && provider(text, id, module, flags);
 }
 
-VePrompts::Provider VePrompts::SetProvider(Provider provider) { return s_provider.exchange(provider, std::memory_order_acq_rel); }
+VePrompts::Provider VePrompts::SetProvider(Provider provider)
+{
+    return s_provider.exchange(provider, std::memory_order_acq_rel);
+}
 
-bool VePrompts::HasProvider() noexcept { return s_provider.load(std::memory_order_acquire) != nullptr; }
+bool VePrompts::HasProvider() noexcept
+{
+    return s_provider.load(std::memory_order_acquire) != nullptr;
+}

@@ -2,6 +2,12 @@
 
 static thread_local DWORD t_lastError = ERROR_SUCCESS;
 
-DWORD GetLastError() { return t_lastError; }
+DWORD GetLastError()
+{
+    return t_lastError;
+}
 
-void SetLastError(DWORD code) { t_lastError = code; }
+void SetLastError(DWORD code)
+{
+    t_lastError = code;
+}

@@ -11,14 +11,17 @@ namespace
 const VeStringResource* FindString(const VeModuleRecord& module, UINT id)
 {
     const VeStringResource* const end = module.strings + module.stringCount;
-    const VeStringResource* const found =
-        std::lower_bound(module.strings, end, id, [](const VeStringResource& entry, UINT searched) { return entry.id < searched; });
+    const VeStringResource* const found = std::lower_bound(
+        module.strings, end, id, [](const VeStringResource& entry, UINT searched) { return entry.id < searched; });
     return found != end && found->id == id ? found : nullptr;
 }
 
-} // namespace
+}  // namespace
 
-HINSTANCE LibraryModule() noexcept { return &c_libraryModule; }
+HINSTANCE LibraryModule() noexcept
+{
+    return &c_libraryModule;
+}
 
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize)
 {

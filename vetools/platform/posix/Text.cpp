@@ -21,14 +21,21 @@ int FailWith(DWORD error)
     return 0;
 }
 
-bool IsKnownCodePage(UINT codePage) { return codePage == CP_ACP || codePage == CP_UTF8; }
+bool IsKnownCodePage(UINT codePage)
+{
+    return codePage == CP_ACP || codePage == CP_UTF8;
+}
 
 /// Where a conversion writes to: counts only, when there is no buffer.
 template <class Element>
 class Output
 {
 public:
-    Output(Element* buffer, int size) : m_buffer(size > 0 ? buffer : nullptr), m_size(static_cast<std::size_t>(size)) {}
+    Output(Element* buffer, int size)
+        : m_buffer(size > 0 ? buffer : nullptr)
+        , m_size(static_cast<std::size_t>(size))
+    {
+    }
 
     void Put(Element element)
     {
@@ -52,10 +59,12 @@ private:
 
 /// The text that a conversion function is given: `size` elements, or with -1 a terminated text with its terminator.
 template <class Element, class Buffer>
-std::optional<std::basic_string_view<Element>> InputText(const Element* text, int size, const Buffer* buffer, int bufferSize)
+std::optional<std::basic_string_view<Element>> InputText(const Element* text, int size, const Buffer* buffer,
+                                                         int bufferSize)
 {
     const bool sameBuffer = static_cast<const void*>(text) == static_cast<const void*>(buffer);
-    if (text == nullptr || size == 0 || size < -1 || bufferSize < 0 || (buffer == nullptr && bufferSize > 0) || sameBuffer)
+    if (text == nullptr || size == 0 || size < -1 || bufferSize < 0 || (buffer == nullptr && bufferSize > 0) ||
+        sameBuffer)
         return std::nullopt;
     if (size == -1)
         return std::basic_string_view<Element>(text, std::char_traits<Element>::length(text) + 1);
@@ -64,7 +73,8 @@ std::optional<std::basic_string_view<Element>> InputText(const Element* text, in
 
 bool IsEncodable(wchar_t character)
 {
-    return character >= 0 && static_cast<UChar32>(character) <= 0x10FFFF && !U_IS_SURROGATE(static_cast<UChar32>(character));
+    return character >= 0 && static_cast<UChar32>(character) <= 0x10FFFF &&
+           !U_IS_SURROGATE(static_cast<UChar32>(character));
 }
 
 /// A letter's counterpart in the other case, when that letter's counterpart is this one.
@@ -81,7 +91,8 @@ wchar_t MappedCase(wchar_t character, To toCase, Back backAgain)
 /// The collator of no language in particular, one for either way of reading case; null where its data is missing.
 const icu::Collator* CollatorFor(bool ignoreCase)
 {
-    const auto makeCollator = [](icu::Collator::ECollationStrength strength) {
+    const auto makeCollator = [](icu::Collator::ECollationStrength strength)
+    {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale::getRoot(), status));
         if (U_FAILURE(status))
@@ -102,7 +113,7 @@ icu::UnicodeString ToUnicode(std::wstring_view text)
     return result;
 }
 
-} // namespace
+}  // namespace
 
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, LPWSTR buffer, int bufferSize)
 {
@@ -123,8 +134,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, L
     return output.Result();
 }
 
-int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer, int bufferSize, LPCSTR defaultCharacter,
-                        BOOL* usedDefaultCharacter)
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer, int bufferSize,
+                        LPCSTR defaultCharacter, BOOL* usedDefaultCharacter)
 {
     const auto characters = InputText(text, textSize, buffer, bufferSize);
     if (!characters || !IsKnownCodePage(codePage) || defaultCharacter != nullptr || usedDefaultCharacter != nullptr)
@@ -166,7 +177,8 @@ int CompareStringW(LCID, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR righ
     if ((flags & ~NORM_IGNORECASE) != 0)
         return FailWith(ERROR_INVALID_FLAGS);
 
-    const auto viewOf = [](LPCWSTR text, int length) {
+    const auto viewOf = [](LPCWSTR text, int length)
+    {
         return length < 0 ? std::wstring_view(text) : std::wstring_view(text, static_cast<std::size_t>(length));
     };
     const icu::Collator* const collator = CollatorFor((flags & NORM_IGNORECASE) != 0);

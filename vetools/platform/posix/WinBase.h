@@ -12,10 +12,10 @@ constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
 constexpr DWORD ERROR_INVALID_FLAGS = 1004;
 constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
-constexpr DWORD ERROR_RESOURCE_DATA_NOT_FOUND = 1812;
 constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
 
-/// The error code of the calling thread. A function sets it when it fails; success leaves it as it is, unless said otherwise.
+/// The error code of the calling thread. A function sets it when it fails; success leaves it as it is, unless said
+/// otherwise.
 DWORD GetLastError();
 void SetLastError(DWORD code);
 
@@ -29,17 +29,19 @@ constexpr UINT CP_UTF8 = 65001;
 constexpr DWORD MB_ERR_INVALID_CHARS = 0x08;
 constexpr DWORD WC_ERR_INVALID_CHARS = 0x80;
 
-/// Converts `textSize` bytes, or with -1 a terminated text and its terminator, to wide characters. Returns how many it wrote,
-/// or with `bufferSize` 0 how many it would write. 0 with the last error set when that fails: ERROR_INVALID_PARAMETER for an
-/// unknown code page, a null or empty text or a negative size, ERROR_INSUFFICIENT_BUFFER, ERROR_NO_UNICODE_TRANSLATION.
+/// Converts `textSize` bytes, or with -1 a terminated text and its terminator, to wide characters. Returns how many it
+/// wrote, or with `bufferSize` 0 how many it would write. 0 with the last error set when that fails:
+/// ERROR_INVALID_PARAMETER for an unknown code page, a null or empty text or a negative size,
+/// ERROR_INSUFFICIENT_BUFFER, ERROR_NO_UNICODE_TRANSLATION.
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, LPWSTR buffer, int bufferSize);
-/// The way back, with the same results. Lone surrogates and values beyond U+10FFFF have no encoding. `defaultCharacter` and
-/// `usedDefaultCharacter` must be null, as the system demands for UTF-8.
-int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer, int bufferSize, LPCSTR defaultCharacter,
-                        BOOL* usedDefaultCharacter);
+/// The way back, with the same results. Lone surrogates and values beyond U+10FFFF have no encoding. `defaultCharacter`
+/// and `usedDefaultCharacter` must be null, as the system demands for UTF-8.
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer, int bufferSize,
+                        LPCSTR defaultCharacter, BOOL* usedDefaultCharacter);
 
-/// Maps each element to its upper or lower case in place and returns `length`. As on Windows a pair of letters is mapped only
-/// when each is the other's counterpart, and only within the first 65536 characters: µ, ß, ı, İ, ſ and the title-case digraphs stay.
+/// Maps each element to its upper or lower case in place and returns `length`. As on Windows a pair of letters is
+/// mapped only when each is the other's counterpart, and only within the first 65536 characters: µ, ß, ı, İ, ſ and the
+/// title-case digraphs stay.
 DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 DWORD CharLowerBuffW(LPWSTR text, DWORD length);
 
@@ -50,15 +52,16 @@ constexpr int CSTR_LESS_THAN = 1;
 constexpr int CSTR_EQUAL = 2;
 constexpr int CSTR_GREATER_THAN = 3;
 
-/// Compares two texts as a dictionary of no language in particular does; -1 as a length stands for a terminated text. Returns
-/// CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 with ERROR_INVALID_PARAMETER for a null text, with ERROR_INVALID_FLAGS
-/// for flags other than NORM_IGNORECASE. `locale` is not read.
+/// Compares two texts as a dictionary of no language in particular does; -1 as a length stands for a terminated text.
+/// Returns CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 with ERROR_INVALID_PARAMETER for a null text, with
+/// ERROR_INVALID_FLAGS for flags other than NORM_IGNORECASE. `locale` is not read.
 int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right, int rightLength);
 
 // Modules
 
-/// The text of an entry of a module's string table. Copies up to bufferSize - 1 characters with a terminator and returns how
-/// many characters it copied. With bufferSize 0, `buffer` is a `LPCWSTR*` that receives a pointer to the read-only entry
-/// itself, which has no terminator, and the length of the entry is returned. 0 when there is no such entry, the last error then
-/// being ERROR_RESOURCE_NAME_NOT_FOUND; the buffer holds an empty text then, unless its size is 0, where a null pointer is stored.
+/// The text of an entry of a module's string table. Copies up to bufferSize - 1 characters with a terminator and
+/// returns how many characters it copied. With bufferSize 0, `buffer` is a `LPCWSTR*` that receives a pointer to the
+/// read-only entry itself, which has no terminator, and the length of the entry is returned. 0 when there is no such
+/// entry, the last error then being ERROR_RESOURCE_NAME_NOT_FOUND; the buffer holds an empty text then, unless its size
+/// is 0, where a null pointer is stored.
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize);
