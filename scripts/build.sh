@@ -51,6 +51,6 @@ build() {
     fi
     exec 8>&-
     say "vetools: the build '$preset' failed. What the tools said (also in build/$preset.log):"
-    grep -v '^\[[0-9]*/[0-9]*\] \(Building\|Linking\|Creating\)' "$folder.log" | tail -n 60 >&2
+    grep -vE '^\[[0-9]+/[0-9]+\] |^-- ' "$folder.log" | tail -n 60 >&2
     return 1
 }

@@ -1,7 +1,6 @@
 #include "vetools/framework/ModuleState.h"
 
 #include <atomic>
-#include <utility>
 
 #include "vetools/platform/LibraryModule.h"
 
@@ -14,20 +13,21 @@ std::atomic<HINSTANCE>& ProcessResourceModule() noexcept
     return s_module;
 }
 
-/// The module of this thread's innermost guard, if there is one.
-thread_local std::optional<HINSTANCE> t_guardedModule;
+/// What the innermost guard of this thread made current; meant only while there is one.
+thread_local HINSTANCE t_module = nullptr;
+thread_local bool t_isGuarded = false;
 
 }  // namespace
 
 HINSTANCE AfxGetResourceHandle() noexcept
 {
-    return t_guardedModule ? *t_guardedModule : ProcessResourceModule().load();
+    return t_isGuarded ? t_module : ProcessResourceModule().load();
 }
 
 void AfxSetResourceHandle(HINSTANCE module) noexcept
 {
-    if (t_guardedModule)
-        t_guardedModule = module;
+    if (t_isGuarded)
+        t_module = module;
     else
         ProcessResourceModule().store(module);
 }
@@ -38,11 +38,15 @@ HINSTANCE GetVeToolsModule() noexcept
 }
 
 ScopedResourceModule::ScopedResourceModule(HINSTANCE module) noexcept
-    : m_previous(std::exchange(t_guardedModule, module))
+    : m_previous(t_module)
+    , m_isNested(t_isGuarded)
 {
+    t_module = module;
+    t_isGuarded = true;
 }
 
 ScopedResourceModule::~ScopedResourceModule()
 {
-    t_guardedModule = m_previous;
+    t_module = m_previous;
+    t_isGuarded = m_isNested;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 
@@ -31,6 +29,6 @@ public:
     ScopedResourceModule& operator=(const ScopedResourceModule&) = delete;
 
 private:
-    /// The module of the guard around this one, if there is one.
-    std::optional<HINSTANCE> m_previous;
+    HINSTANCE m_previous;
+    bool m_isNested;
 };

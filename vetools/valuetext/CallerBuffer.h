@@ -44,6 +44,15 @@ public:
     /// Copies as many characters as the buffer has. Kept: a text at least that long gets its terminator one past the buffer.
     void CopyBack(std::wstring_view text) const { CopyWhole(text.substr(0, m_size)); }
 
+    /// Writes a text of which the first `certain` characters are written whatever the size, the rest as CopyOut does.
+    /// Kept: where the copy is shorter than these, they stand behind its terminator.
+    void CopyCertainly(std::wstring_view text, std::size_t certain) const
+    {
+        if (!TakesCopies() || Cut(text).size() < certain)
+            CopyWhole(text.substr(0, certain));
+        CopyOut(text);
+    }
+
     /// Kept: copies the text whole and terminates it, whatever the size.
     void CopyWhole(std::wstring_view text) const
     {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cwchar>
 #include <iterator>
 #include <span>
 #include <string_view>
@@ -144,15 +143,21 @@ double MetricsFactorToThe(int exponent, double metricsFactor)
 DecimalText::DecimalText(const CVeUnitBase& unit, const ValueTextOptions& options)
     : m_unit(unit)
     , m_options(options)
-    , m_lengthName(std::wcspbrk(unit.Name, c_lengthMarks) != nullptr)
 {
+    for (; unit.Name[m_nameLength] != L'\0'; ++m_nameLength)
+    {
+        const wchar_t character = unit.Name[m_nameLength];
+        m_markedName |= character == L'"' || character == L'\'';
+        m_lengthName |= m_markedName || character == L'm';
+    }
 }
 
 void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer) const
 {
     const Number number = ShownNumber(value);
     WriteNumber(text, format, number.value, number.precision);
-    buffer.CopyOut(text.View());
+    if (IsRewritten(number.value))
+        buffer.CopyOut(text.View());
 
     if (m_options.removeTrailingZeros)
         StripTrailingZeros(text, m_unit.Sep);
@@ -167,10 +172,17 @@ void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, c
     if (!std::isfinite(number.value))
         NameInfinity(text, number.value);
 
-    buffer.CopyWhole(text.View());  // Kept: the number is written whole, whatever the size of the buffer
+    const std::size_t numberLength = text.View().size();
     if (m_options.withUnit && buffer.TakesCopies())
         AppendName(text);
-    buffer.CopyOut(text.View());
+    buffer.CopyCertainly(text.View(), numberLength);  // Kept: the number is written whole, whatever the size
+}
+
+/// Whether the number as it was printed first may be longer than what replaces it: the buffer then shows a rest of it.
+bool DecimalText::IsRewritten(double shown) const
+{
+    return m_options.removeTrailingZeros || m_options.smallValuesAsExponent || m_options.superscriptSubUnits ||
+           !std::isfinite(shown);
 }
 
 DecimalText::Number DecimalText::ShownNumber(double value) const
@@ -237,16 +249,15 @@ void DecimalText::RaiseSubUnits(TextBuffer& text) const
 /// Kept: imperial areas and volumes read "sq in" and "cu in" whatever the unit's own name.
 void DecimalText::AppendName(TextBuffer& text) const
 {
-    const std::wstring_view name = m_unit.Name;
-    if (name.empty())
+    if (m_nameLength == 0)
         return;
     text.Append(L" ");
     if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 2)
         text.Append(L"sq in");
     else if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 3)
         text.Append(L"cu in");
-    else if (name.find_first_of(L"\"'") == std::wstring_view::npos)
-        text.Append(name);  // shown as it is: only inch and foot marks are ever replaced
-    else
+    else if (m_markedName)
         text.Append(m_unit.GetName().View());
+    else
+        text.Append({m_unit.Name, m_nameLength});  // the display name differs only where it holds marks
 }

@@ -32,6 +32,7 @@ private:
     };
 
     Number ShownNumber(double value) const;
+    bool IsRewritten(double shown) const;
     double Scaled(double value) const;
     Number Rounded(double shown) const;
     unsigned int PrecisionOfSmallLength(double shown) const;
@@ -40,5 +41,7 @@ private:
 
     const CVeUnitBase& m_unit;
     const ValueTextOptions& m_options;
-    bool m_lengthName;
+    std::size_t m_nameLength = 0;
+    bool m_lengthName = false;
+    bool m_markedName = false;  // holds an inch or a foot mark, which the display name may replace
 };

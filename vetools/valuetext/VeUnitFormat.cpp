@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <string_view>
 
 #include "vetools/units/ImperialFactors.h"
 #include "vetools/units/VeUnitBase.h"

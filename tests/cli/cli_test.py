@@ -1,0 +1,455 @@
+#!/usr/bin/env python3
+"""cli_test.py [--update] [WRAPPER...] VETOOLS: runs the `vetools` command and compares all that it prints, byte for byte.
+
+Each test is named by the sentence it proves. Many values share a process, as a start under Wine costs most of the time.
+Long outputs are files in golden/, which --update writes anew, to be reviewed as a diff.
+"""
+
+import json
+import os
+import shlex
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+GOLDEN = Path(__file__).parent / "golden"
+PROGRAM = []
+UPDATE = False
+
+DONE, SOME_FAILED, USAGE = 0, 1, 2
+
+
+def run(*arguments, given=b""):
+    """Exit code, standard output and standard error of the command."""
+    if isinstance(given, str):
+        given = given.encode()
+    done = subprocess.run([*PROGRAM, *arguments], input=given, capture_output=True, timeout=120)
+    return done.returncode, done.stdout, done.stderr.decode()
+
+
+def csv_file(content):
+    """The path of a file with this content, as the program is given it."""
+    folder = tempfile.mkdtemp(dir=WORK)
+    path = Path(folder) / "values.csv"
+    path.write_bytes(content if isinstance(content, bytes) else content.encode())
+    return os.path.relpath(path)
+
+
+class CommandTest(unittest.TestCase):
+    maxDiff = None
+
+    def prints(self, expected, *arguments, given=b"", code=DONE):
+        """The command prints these lines and, when it is done, nothing on standard error."""
+        actual_code, output, errors = run(*arguments, given=given)
+        self.assertEqual((output.decode(), actual_code), (expected, code), f"{arguments}\n{errors}")
+        if code == DONE:
+            self.assertEqual(errors, "", arguments)
+        return errors
+
+    def streams(self, rows, *arguments, code=DONE):
+        """Rows of (expected text, input line), all through one process."""
+        expected = "".join(text + "\n" for text, _ in rows)
+        given = "".join(line + "\n" for _, line in rows)
+        return self.prints(expected, *arguments, given=given, code=code)
+
+    def refuses(self, expected, *arguments):
+        """A usage error: nothing on standard output, and the words on standard error."""
+        code, output, errors = run(*arguments)
+        self.assertEqual((code, output), (USAGE, b""), arguments)
+        for words in [expected] if isinstance(expected, str) else expected:
+            self.assertIn(words, errors, arguments)
+
+    def golden(self, name, *arguments):
+        code, output, errors = run(*arguments)
+        self.assertEqual((code, errors), (DONE, ""), arguments)
+        path = GOLDEN / name
+        if UPDATE:
+            path.write_bytes(output)
+        self.assertEqual(output.decode(), path.read_bytes().decode(), arguments)
+
+
+class Convert(CommandTest):
+    def test_converts_a_value_from_one_unit_to_another(self):
+        self.prints("2810.114 lb\n", "convert", "12.5", "kN", "lb")
+
+    def test_reads_feet_inches_and_fractions(self):
+        self.prints("1028.700 mm\n", "convert", "3'-4 1/2\"", "mm")
+        self.streams(
+            [
+                ("0.000 mm", "0\""),
+                ("304.800 mm", "1'"),
+                ("25.400 mm", "1\""),
+                ("25.400 mm", "1''"),
+                ("11.113 mm", "7/16\""),
+                ("161.925 mm", "6 3/8\""),
+                ("1028.700 mm", "3' 4 1/2\""),
+                ("1028.700 mm", "3'4 1/2\""),
+                ("1028.700 mm", "3'-4.5\""),
+                ("1028.700 mm", "3′-4 1/2″"),
+                ("965.200 mm", "3'2"),
+                ("-1028.700 mm", "-3'-4 1/2\""),
+                ("-1028.700 mm", "−3'-4 1/2\""),
+                ("12.500 mm", "12.5 mm"),
+                ("12500.000 mm", "12.5m"),
+                ("25.400 mm", "1 in"),
+                ("914.400 mm", "3 Pied"),
+            ],
+            "convert",
+            "mm",
+        )
+
+    def test_writes_feet_inches_and_fractions(self):
+        self.prints("3'-4 9/16\"\n", "convert", "1.03", "m", "' / \"", "--precision", "4")
+        self.prints("40 1/2\"\n", "convert", "1028.7", "mm", "/\"")
+
+    def test_a_number_without_marks_counts_the_unit_that_was_named(self):
+        self.streams(
+            [("0.762 m", "2.5"), ("-0.762 m", "-2.5"), ("0.914 m", "3"), ("0.762 m", "2'-6\""), ("0.051 m", "2\"")],
+            "convert", "'", "m",
+        )
+        self.streams([("0.051 m", "2.0"), ("-0.051 m", "-2.0"), ("0.305 m", "1'")], "convert", "\"", "m")
+        self.streams([("2.286 m", "2.5"), ("-2.286 m", "-2.5")], "convert", "Yd", "m")
+        self.streams([("0.064 m", "2.5"), ("0.051 m", "2"), ("0.762 m", "2'-6\"")], "convert", "' / \"", "m")
+
+    def test_takes_a_value_with_its_symbol_and_negative_values(self):
+        self.prints("2810.114 lb\n2810.114 lb\n-0.787 lb\n-0.112 lb\n", "convert", "12.5kN", "12.5 kN", "-3.5N", "-.5N", "lb")
+        self.prints("-786.832 lb\n", "convert", "-3.5", "kN", "lb")
+
+    def test_temperatures_keep_their_offsets(self):
+        self.streams(
+            [("100.000 °C", "212"), ("-40.000 °C", "-40"), ("-40.000 °C", "-40 °F"), ("0.000 °C", "32°F")],
+            "convert", "°F", "°C",
+        )
+        self.streams([("273.150 K", "0 °C"), ("273.150 K", "32 degF"), ("5.000 K", "5 K")], "convert", "K")
+
+    def test_areas_and_volumes_are_powers_of_lengths(self):
+        for expected, *arguments in [
+            ("0.025 m²", "250", "cm2", "m2"),
+            ("0.025 m²", "250", "cm²", "m²"),
+            ("0.025 m²", "250", "cm^2", "1:4^2"),
+            ("10.764 sq ft", "1", "m2", "'2"),
+            ("1550.003 sq in", "1", "m2", "in2"),
+            ("35.315 cu ft", "1", "m3", "cu ft"),
+            ("8356.000 cm4", "83560000", "mm4", "cm4"),
+        ]:
+            with self.subTest(arguments):
+                self.prints(expected + "\n", "convert", *arguments)
+
+    def test_other_spellings_name_the_same_unit(self):
+        for expected, *arguments in [
+            ("12500.000 N", "12.5", "KN", "n"),
+            ("12500.000 N", "12.5", "KiloNewton", "newton"),
+            ("12500.000 N", "12.5", "2:2", "force:N"),
+            ("1.000 N*m", "1", "Nm", "N·m"),
+            ("1.000 MPa", "1", "N/mm2", "MPa"),
+            ("1000.000 µm", "1", "mm", "um"),
+            ("1000.000 µm", "1", "mm", "μm"),
+            ("180.000 °", "3.14159265358979", "rad", "deg"),
+        ]:
+            with self.subTest(arguments):
+                self.prints(expected + "\n", "convert", *arguments)
+
+    def test_the_other_side_decides_what_a_shared_symbol_means(self):
+        self.prints("49.033 N\n", "convert", "5", "kg", "N")
+        self.prints("5.000 kg\n", "convert", "49.03325", "N", "kg")
+        self.prints("5.000 kg\n", "convert", "49.03325 N", "kg")
+        self.prints("0.240 kip\n", "convert", "10", "kg", "klb")
+        self.prints("11.023 lb\n", "convert", "5", "4:0", "lb")
+
+    def test_a_shared_symbol_that_nothing_decides_is_asked_for_with_its_candidates(self):
+        self.refuses(
+            ["2:4  kg  KgForce (force)", "2:6  lb  LivreForce (force)", "4:0  kg  Kilogramme (mass)", "4:2  lb  Livre (mass)"],
+            "convert", "5", "kg", "lb",
+        )
+        self.refuses(["2:7  kip  KiloLivreForce (force)", "4:3  kip  KiloLivre (mass)"], "format", "5", "kip")
+
+    def test_units_that_measure_different_things_are_refused(self):
+        self.refuses(["does not convert", "2:2  kN  KiloNewton (force)", "1:1  mm  Millimètre (length)"], "convert", "5", "kN", "mm")
+        self.refuses(["(area)", "(length)"], "convert", "5", "m2", "m")
+
+    def test_settings_change_the_text(self):
+        for expected, *options in [
+            ("2810 lb", "--precision", "0"),
+            ("2810.11355 lb", "-p", "5"),
+            ("2810,114 lb", "--separator", ","),
+            ("2810.114", "--no-unit"),
+        ]:
+            with self.subTest(options):
+                self.prints(expected + "\n", "convert", "12500", "N", "lb", *options)
+        self.prints("12,5 kN\n", "convert", "12500,0", "N", "kN", "-s", ",", "--trailing-zeros", "remove")
+
+    def test_json_gives_the_unrounded_value(self):
+        self.prints(
+            '{"input":"12.5","value":2810.113545400315,"unit":"lb","text":"2810.114 lb"}\n',
+            "convert", "12.5", "kN", "lb", "--json",
+        )
+
+
+class Format(CommandTest):
+    def test_writes_si_values_in_a_unit(self):
+        self.prints("12.500 kN\n-3.500 kN\n", "format", "12500", "-3500 N", "kN")
+        self.prints("212.000 °F\n", "format", "100", "°F")
+        self.prints("3'-4 9/16\"\n", "format", "1.03", "1:9", "--precision", "4")
+        self.prints("0.100 %\n", "format", "0.1", "%")
+
+    def test_trailing_zeros_are_kept_or_removed(self):
+        self.prints("12.500 m\n", "format", "12.5", "m", "--trailing-zeros", "keep")
+        self.prints("12.5 m\n12 m\n", "format", "12.5", "12", "m", "--trailing-zeros", "remove")
+
+    def test_small_values_are_written_with_exponents_below_the_threshold(self):
+        self.prints("2.000e-05 MN\n1.000 MN\n", "format", "20", "1e6", "MN", "--exponent-notation", "3")
+        self.prints("0.000 MN\n", "format", "20", "MN")
+
+    def test_superscripts_are_drawing_mark_up(self):
+        self.prints("\\A1;1.23{\\H0.6x;\\S5^;} m\n", "format", "1.235", "m", "--superscript")
+        self.prints("\\A1;1,23{\\H0.6x;\\S5^;} m\n", "format", "1,235", "m", "--superscript", "--separator", ",")
+        self.prints("\\A1;1.23 m\n", "format", "1.23", "m", "--superscript", "--drop-zero-superscript")
+        self.prints("212.000 °F\n", "format", "100", "°F", "--superscript")
+
+    def test_a_metrics_factor_divides_lengths(self):
+        self.prints("2.500 m\n", "format", "5", "m", "--metrics-factor", "2")
+        self.prints("1.250 m²\n", "format", "5", "m2", "--metrics-factor", "2")
+        self.refuses("expected a unit of length", "format", "5", "kN", "--metrics-factor", "2")
+
+    def test_infinities_and_lengths_of_nothing(self):
+        self.prints("INF µm\n", "format", "1e308", "µm")
+        self.prints("0.000 m\n", "format", "1e-400", "m")
+
+
+class Parse(CommandTest):
+    def test_reads_texts_as_si_values(self):
+        self.streams(
+            [("12500", "12.5"), ("12500", "12.5 kN"), ("-100", "-.1"), ("1e+20", "1e17"), ("0.3", "0.0003")],
+            "parse", "kN",
+        )
+
+    def test_the_offsets_of_temperatures_are_undone(self):
+        self.prints("100\n-40\n", "parse", "212", "-40 °F", "°F")
+        self.prints("0\n", "parse", "273.15", "K")
+
+    def test_reads_feet_and_inches(self):
+        self.streams(
+            [("1.0287", "3'-4 1/2\""), ("0.127", "5"), ("-0.3048", "-1'")], "parse", "' / \"",
+        )
+
+    def test_reads_the_separator_and_the_metrics_factor(self):
+        self.prints("12500\n", "parse", "12,5 kN", "kN", "--separator", ",")
+        self.prints("5\n", "parse", "2.5", "m", "--metrics-factor", "2")
+        self.prints("10\n", "parse", "2.5", "m2", "--metrics-factor", "2")
+        self.prints("0.6096\n", "parse", "1'", "'", "--metrics-factor", "2")
+        self.prints("1.0287\n", "parse", "3'-4,5\"", "'", "--separator", ",")
+
+    def test_json_names_the_si_unit(self):
+        self.prints('{"input":"12.5","value":12500,"unit":"N","text":"12500"}\n', "parse", "12.5", "kN", "--json")
+        self.prints('{"input":"1","value":1e-04,"unit":"m²","text":"1e-04"}\n', "parse", "1", "cm2", "--json")
+
+
+class BadValues(CommandTest):
+    def test_what_is_no_number_is_named_and_the_good_values_are_still_written(self):
+        errors = self.streams(
+            [
+                ("1.000 kN", "1000"),
+                ("", "abc"),
+                ("", "12x"),
+                ("", "1.2.3"),
+                ("", "1,5"),
+                ("", "12 kN"),
+                ("", "inf"),
+                ("", "nan"),
+                ("", "0x10"),
+                ("", "-"),
+                ("", "1e999"),
+                ("", ""),
+                ("2.000 kN", " 2e3 N "),
+            ],
+            "convert", "N", "kN", code=SOME_FAILED,
+        )
+        lines = errors.splitlines()
+        self.assertEqual(len(lines), 10, errors)
+        self.assertEqual(lines[0], "vetools: line 2: “abc”: expected a number such as 12.5 or 12.5 N")
+        self.assertEqual(lines[-1], "vetools: line 11: “1e999”: expected a number that a double can hold, up to 1.8e308")
+
+    def test_feet_and_inches_that_make_no_sense_are_named(self):
+        errors = self.streams(
+            [("", "3'-4'"), ("", "1.2.3'"), ("", "3' abc"), ("", "1/0\""), ("", "'"), ("", "1 2 3 4 5\""), ("305 mm", "1'")],
+            "convert", "mm", "-p", "0", code=SOME_FAILED,
+        )
+        self.assertEqual(len(errors.splitlines()), 6, errors)
+        self.assertIn("3'-4 1/2\"", errors)
+
+    def test_a_bad_argument_is_named(self):
+        errors = self.prints("1.000 kN\n", "convert", "abc", "1000", "N", "kN", code=SOME_FAILED)
+        self.assertEqual(errors, "vetools: “abc”: expected a number such as 12.5 or 12.5 N\n")
+        errors = self.prints("", "convert", "12.5", "kN", code=SOME_FAILED)
+        self.assertEqual(errors, "vetools: “12.5”: expected a number with a unit of force such as 12.5 kN\n")
+
+    def test_invalid_utf8_is_named_with_its_byte(self):
+        errors = self.prints("\n1.000 kN\n", "convert", "N", "kN", given=b"12\xff\n1000\n", code=SOME_FAILED)
+        self.assertEqual(errors, "vetools: line 1: “12\ufffd”: expected UTF-8 text, which byte 3 is not\n")
+        for bad in (b"\xc0\xaf", b"\xed\xa0\x80", b"\xf4\x90\x80\x80", b"\xc3", b"\x80"):
+            errors = self.prints("\n", "convert", "N", "kN", given=bad + b"\n", code=SOME_FAILED)
+            self.assertIn("UTF-8", errors)
+
+    def test_json_tells_the_error_beside_the_input(self):
+        self.prints(
+            '{"line":1,"input":"1","value":0.001,"unit":"kN","text":"0.001 kN"}\n'
+            '{"line":2,"input":"a\\"\\u0001","error":"expected a number such as 12.5 or 12.5 N"}\n'
+            '{"line":3,"input":"","value":null}\n',
+            "convert", "N", "kN", "--json", given="1\na\"\x01\n\n", code=SOME_FAILED,
+        )
+
+    def test_a_line_without_end_is_cut(self):
+        errors = self.prints("\n1.000 kN\n", "convert", "N", "kN", given=b"1" * (3 << 20) + b"\n1000\n", code=SOME_FAILED)
+        self.assertIn("longer than a megabyte", errors)
+
+
+class Lines(CommandTest):
+    def test_line_ends_byte_order_mark_and_a_missing_last_line_end(self):
+        self.prints("1.000 kN\n2.000 kN\n\n3.000 kN\n", "convert", "N", "kN", given=b"\xef\xbb\xbf1000\r\n2000\n\r\n3000")
+        self.prints("1.000 kN\n", "convert", "-", "N", "kN", given="1000\n")
+        self.prints("", "convert", "N", "kN")
+
+    def test_two_hundred_thousand_lines_stream_through(self):
+        count = 200_000
+        given = "".join(f"{index}\n" for index in range(count))
+        started = time.monotonic()
+        code, output, errors = run("convert", "N", "kN", given=given)
+        self.assertEqual((code, errors), (DONE, ""))
+        self.assertEqual(output.decode(), "".join(f"{index // 1000}.{index % 1000:03} kN\n" for index in range(count)))
+        self.assertLess(time.monotonic() - started, 30)
+
+    def test_an_answer_comes_before_the_next_question(self):
+        with subprocess.Popen([*PROGRAM, "convert", "N", "kN"], stdin=subprocess.PIPE, stdout=subprocess.PIPE) as program:
+            for question, answer in ((b"1000\n", b"1.000 kN\n"), (b"2000\n", b"2.000 kN\n")):
+                program.stdin.write(question)
+                program.stdin.flush()
+                self.assertEqual(program.stdout.readline(), answer)
+            program.stdin.close()
+            self.assertEqual(program.wait(), DONE)
+
+    def test_a_reader_that_leaves_is_no_error(self):
+        with subprocess.Popen(
+            [*PROGRAM, "convert", "N", "kN"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE
+        ) as program:
+            program.stdout.close()
+            try:
+                for _ in range(50):
+                    program.stdin.write(b"1000\n" * 10_000)
+                program.stdin.close()
+            except BrokenPipeError:
+                pass
+            self.assertEqual(program.stderr.read(), b"")
+
+
+class Csv(CommandTest):
+    TABLE = (
+        b"\xef\xbb\xbfName,\"Load [kN]\",\"Remark, if\r\nany\"\r\n"
+        b"B1,12.5,\r\n"
+        b"\"B \"\"2\"\"\",\"13.5\",\"two\nlines\"\r\n"
+        b"\r\n"
+        b"B3,,empty\n"
+        b"B4\n"
+        b"B5,abc,bad\n"
+        b"B6,\"1\"2,bad quote\n"
+        b"B7, 14.5 kN ,last"
+    )
+
+    def test_values_come_from_a_column_named_or_numbered(self):
+        path = csv_file(self.TABLE)
+        expected = "12500.000 N\n13500.000 N\n\n\n\n\n14500.000 N\n"
+        named = self.prints(expected, "convert", "kN", "N", "--csv", path, "--column", "Load [kN]", code=SOME_FAILED)
+        numbered = self.prints(expected, "convert", "kN", "N", "--csv", path, "--column", "2", code=SOME_FAILED)
+        piped = self.prints(expected, "convert", "kN", "N", "--csv", "-", "--column", "2", given=self.TABLE, code=SOME_FAILED)
+        self.assertEqual(
+            named,
+            "vetools: line 8: “”: no column 2 in this row\n"
+            "vetools: line 9: “abc”: expected a number such as 12.5 or 12.5 kN\n"
+            "vetools: line 10: “12”: text after a closing quote\n",
+        )
+        self.assertEqual(named, numbered)
+        self.assertEqual(named, piped)
+
+    def test_other_delimiters_and_tables_without_a_header(self):
+        self.prints("0,5 kN\n", "convert", "N", "kN", "--csv", csv_file("x;500,0\n"), "--column", "2",
+                    "--delimiter", ";", "--no-header", "-s", ",", "-p", "1")
+        self.prints("0.5 kN\n", "convert", "N", "kN", "--csv", csv_file("a\tb\nx\t500\n"), "--column", "b",
+                    "--delimiter", "tab", "-p", "1")
+
+    def test_a_quote_that_is_not_closed_is_named(self):
+        path = csv_file("a,b\n1,2\n3,\"4\n5,6\n")
+        errors = self.prints("0.002 kN\n\n", "convert", "N", "kN", "--csv", path, "--column", "b", code=SOME_FAILED)
+        self.assertEqual(errors, "vetools: line 3: “4?5,6?”: a quote that is not closed\n")
+
+    def test_a_column_or_file_that_is_not_there_is_refused(self):
+        path = csv_file("a,b\n1,2\n")
+        self.refuses("there are: a, b", "convert", "N", "kN", "--csv", path, "--column", "c")
+        self.refuses("numbered from 1", "convert", "N", "kN", "--csv", path, "--column", "0")
+        self.refuses("no header", "convert", "N", "kN", "--csv", path, "--column", "a", "--no-header")
+        self.refuses("cannot be opened: No such file or directory", "convert", "N", "kN", "--csv", "not-there.csv", "--column", "1")
+        self.refuses("found nothing", "convert", "N", "kN", "--csv", csv_file(""), "--column", "1")
+        self.refuses("--column", "convert", "N", "kN", "--csv", path)
+
+
+class Usage(CommandTest):
+    def test_wrong_arguments_are_refused_with_the_help_to_read(self):
+        self.refuses("vetools --help")
+        self.refuses("vetools convert --help", "convert")
+        self.refuses(["“kX” is no unit", "vetools units"], "convert", "5", "kX", "mm")
+        self.refuses("--precision", "convert", "5", "m", "mm", "--precision", "16")
+        self.refuses("0 to 8", "convert", "5", "m", "1:9", "--precision", "9")
+        self.refuses("--exponent-notation", "format", "5", "m", "--exponent-notation", "6")
+        self.refuses("one character", "format", "5", "m", "--separator", "1")
+        self.refuses("trailing-zeros", "format", "5", "m", "--trailing-zeros", "maybe")
+        self.refuses("is no quantity", "units", "colour")
+        self.refuses("--unknown", "convert", "5", "m", "mm", "--unknown")
+
+    def test_help_teaches_by_examples(self):
+        self.golden("help.txt", "--help")
+        for command in ("convert", "format", "parse", "units"):
+            self.golden(f"help-{command}.txt", command, "--help")
+
+    def test_the_examples_of_the_help_run(self):
+        for page in sorted(GOLDEN.glob("help*.txt")):
+            for line in page.read_text(encoding="utf-8").splitlines():
+                if not line.startswith("  vetools "):
+                    continue
+                arguments = shlex.split(line, comments=True)[1:]
+                if "<" in arguments or "--csv" in arguments:
+                    continue
+                with self.subTest(line):
+                    code, _, errors = run(*arguments)
+                    self.assertEqual((code, errors), (DONE, ""))
+
+    def test_the_version_is_printed(self):
+        code, output, errors = run("--version")
+        self.assertEqual((code, errors), (DONE, ""))
+        self.assertRegex(output.decode(), r"^vetools \d+\.\d+\.\d+\n$")
+
+
+class Units(CommandTest):
+    def test_the_catalogue_is_an_aligned_table(self):
+        self.golden("units.txt", "units")
+        self.golden("units-force.txt", "units", "force")
+
+    def test_a_quantity_is_named_by_id_or_in_english(self):
+        by_name = run("units", "stress")
+        self.assertEqual(by_name, run("units", "7"))
+        self.assertEqual(by_name, run("units", "Pressure"))
+
+    def test_json_gives_one_object_per_unit(self):
+        code, output, _ = run("units", "force", "--json")
+        rows = [json.loads(line) for line in output.decode().splitlines()]
+        self.assertEqual((code, len(rows)), (DONE, 8))
+        self.assertEqual(rows[4], {"id": 2, "range": 4, "symbol": "kg", "title": "KgForce", "coefficient": 0.10197162129779283,
+                                   "type": "metric", "format": "decimal", "quantity": "force"})
+
+
+if __name__ == "__main__":
+    arguments = sys.argv[1:]
+    UPDATE = arguments[:1] == ["--update"]
+    PROGRAM = arguments[1:] if UPDATE else arguments
+    with tempfile.TemporaryDirectory(dir=".") as WORK:
+        unittest.main(argv=sys.argv[:1])
