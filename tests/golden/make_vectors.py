@@ -491,6 +491,24 @@ def unit_rows():
     yield ask_range("GetRangeFromUnitTitle", None)
     for unit_id in (0, 1, 2, 9, 12, 18, 26, 27):
         yield "GetAllUnitsSymbols", [unit_id], ["\n".join(model.all_units_symbols(unit_id))]
+    exponents = (0, -1, 1, 2, 3, 10, 12)
+    for old in exponents:
+        for new in exponents:
+            for unit_id in (1, 11):
+                yield ask_unit(script_of(unit_id, 2).step("A", "exponent", old).step("A", "exponent", new))
+    for name in ("3x", "x3", "12", "cm12", "²", "a²", "2", "-1"):
+        for old in (0, -1, 2, 3, 12):
+            for new in (1, 2, 3):
+                script = script_of(1, 2).step("A", "exponent", old).step("A", "values", "T" + name, name, 2.0)
+                yield ask_unit(script.step("A", "exponent", new))
+    for first in ('"', "'", 'x"', "'2x", '"²'):
+        for second in ("2", "²", "3", "²x"):
+            for verb in ("times", "over"):
+                script = Script().step("B", "name", first).step("C", "name", second).step("A", verb, "B", "C")
+                yield ask_unit(script.step("A", "times", "A", "C").step("A", "exponent", 2))
+            for exponent in (1, 2, 3):
+                script = Script().step("B", "name", first).step("C", "name", second)
+                yield ask_unit(script.step("A", "make", "B", exponent, "C", 1, "C", -2))
 
 
 def unit_random(dice):
@@ -524,6 +542,19 @@ def decimal_rows():
     for size in range(1, 12):
         yield ask_text(script_of(1, 1, 3), 0.0125, with_unit=1, size=size)
         yield ask_text(script_of(2, 1, 3), 12.5, size=size)
+    for precision in (9, 15, 17, 20, 22, 23, 30, 100, 308, 309, 323, 400, 4294967295):
+        for unit_id in (1, 2):
+            for value in (0.0, 1.5, -0.005):
+                yield ask_text(script_of(unit_id, 4, precision), value, with_unit=1, size=1000)
+    for separator in "0-1' \"e/":
+        for unit_id, unit_range in ((1, 4), (12, 4), (1, 8), (1, 9)):
+            for value in (12.5, 0.0005, -1.25, 100.0):
+                script = script_of(unit_id, unit_range).step("A", "separator", separator)
+                yield ask_text(script, value, with_unit=1, remove_zeros=1)
+                yield ask_text(script, value, with_unit=1, superscript=1)
+        for text in ("3-4", "10", "3'-4 1/2\"", "-3", "1/2"):
+            for unit_range in (5, 8, 9):
+                yield ask_value(script_of(1, unit_range).step("A", "separator", separator), text, 0)
     for threshold in range(-1, 7):
         for value in (0.1, 0.09, 0.01, 0.001, 0.0009999, 0.00001, 0.0000001, 1e-10, 1.1e-10, -0.05, -0.1, -0.2):
             yield ask_text(script_of(2, 0, 3), value, small=1, threshold=threshold)
@@ -623,7 +654,8 @@ def imperial_random(dice):
 
 def string_rows():
     for text in ("1,3-5 7", "5-3", "2 2 1", "1-4 !3", "0 1", "a b", "3-x", "x-3", "!3-5", "--5", "3--5", "1-", "-1", "",
-                 " ", "-", ",", "1-3-5", "3- 5", "3 -5", "!!3 3", "0-2", "00", "+4", "12abc", "!0 0 1", "99999999999"):
+                 " ", "-", ",", "1-3-5", "3- 5", "3 -5", "!!3 3", "0-2", "00", "+4", "12abc", "!0 0 1", "99999999999",
+                 "! 3 3", "!3,3", "!-3 3", "3-!5", "--", "- -", "1-2-3-4", "5--2", "\t3-5", "0-0", "x0-3", "+3-+5", "1\t3"):
         for allow_zero in (0, 1, 2):
             yield ask_list(text, allow_zero)
     for text in ("", "a", "a;b;", ";;", "x\r\ny", "\n", "a\\b\\", "no", "a\nb\n\n"):

@@ -53,7 +53,7 @@ def power(x, y):
         if x == 0.0:
             return -math.inf if math.copysign(1.0, x) < 0 and y % 2 == 1 else math.inf
         return INDEFINITE
-    if x != 0.0 and x != 1.0 and y != 0.0 and math.isfinite(x) and math.isfinite(y):
+    if x != 0.0 and x != 1.0 and y != 0.0 and math.isfinite(x) and math.isfinite(y) and math.isfinite(result):
         if abs(result) != rounded_power(abs(x), y):
             doubtful_powers += 1
     return result

@@ -151,7 +151,8 @@ std::wstring Column(double value)
     if (std::isnan(value))
         return L"nan";
     char digits[17];
-    std::snprintf(digits, sizeof digits, "%016llX", static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(value)));
+    std::snprintf(digits, sizeof digits, "%016llX",
+                  static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(value)));
     return FromUtf8(digits);
 }
 
@@ -208,23 +209,14 @@ public:
     Units(const Units&) = delete;
     Units& operator=(const Units&) = delete;
 
-    ~Units()
-    {
-        CVeUnitSeparator::m_cSep = L'.';
-    }
+    ~Units() { CVeUnitSeparator::m_cSep = L'.'; }
 
-    CVeUnitBase& operator[](wchar_t name)
-    {
-        return m_units[static_cast<std::size_t>(name - L'A')];
-    }
+    CVeUnitBase& operator[](wchar_t name) { return m_units[static_cast<std::size_t>(name - L'A')]; }
 
 private:
     using Step = void (*)(Units& units, CVeUnitBase& unit, const Texts& arguments);
 
-    CVeUnitBase& Named(const std::wstring& name)
-    {
-        return (*this)[Character(name)];
-    }
+    CVeUnitBase& Named(const std::wstring& name) { return (*this)[Character(name)]; }
 
     /// The arguments of MakeUnit behind the first exponent, filled up with the null pointer that ends them.
     struct Pairs
@@ -319,16 +311,14 @@ class GuardedBuffer
 {
 public:
     GuardedBuffer(const std::wstring& initial, std::size_t extent)
-        : m_extent(extent), m_cells(extent + c_guardCells, c_guard)
+        : m_extent(extent)
+        , m_cells(extent + c_guardCells, c_guard)
     {
         std::copy(initial.begin(), initial.end(), m_cells.begin());
         m_cells[initial.size()] = L'\0';
     }
 
-    wchar_t* Data()
-    {
-        return m_cells.data();
-    }
+    wchar_t* Data() { return m_cells.data(); }
 
     /// The extent that was allowed, or how far the library wrote beyond it.
     std::wstring Extent() const
@@ -342,7 +332,7 @@ public:
 private:
     static constexpr wchar_t c_guard = 0xE000;
 #ifdef __SANITIZE_ADDRESS__
-    static constexpr std::size_t c_guardCells = 0; // the sanitizer watches
+    static constexpr std::size_t c_guardCells = 0;  // the sanitizer watches
 #else
     static constexpr std::size_t c_guardCells = 64;
 #endif
@@ -426,15 +416,14 @@ Texts CallEliminateUnitsSymbol(const Texts& in, const Texts&)
     return {Column(text)};
 }
 
-constexpr int c_reserved = 77; // accepted and never read
+constexpr int c_reserved = 77;  // accepted and never read
 
 Texts CallDouble2String(const Texts& in, const Texts& expected)
 {
     Units units(in[0]);
     GuardedBuffer buffer(in[9], Unsigned(expected[2]));
-    const CString text =
-        units[L'A'].Double2String(buffer.Data(), Double(in[1]), Int(in[2]), in[3].c_str(), Int(in[4]), Int(in[5]),
-                                  Unsigned(in[6]), c_reserved, Int(in[7]), Int(in[8]));
+    const CString text = units[L'A'].Double2String(buffer.Data(), Double(in[1]), Int(in[2]), in[3].c_str(), Int(in[4]),
+                                                   Int(in[5]), Unsigned(in[6]), c_reserved, Int(in[7]), Int(in[8]));
     return {Column(text), buffer.Data(), buffer.Extent()};
 }
 
@@ -476,9 +465,8 @@ Texts CallReplaceNumberSeparator(const Texts& in, const Texts&)
 Texts CallFormatStringWithExponent(const Texts& in, const Texts&)
 {
     CString text(in[0].c_str());
-    const bool done =
-        CVeString::FormatStringWithExponent(text, Double(in[1]), Character(in[2]), in[3].c_str(), in[4].c_str(),
-                                            in[5].c_str(), Double(in[6]), Int(in[7]) != 0);
+    const bool done = CVeString::FormatStringWithExponent(text, Double(in[1]), Character(in[2]), in[3].c_str(),
+                                                          in[4].c_str(), in[5].c_str(), Double(in[6]), Int(in[7]) != 0);
     return {done ? Column(text) : L"false"};
 }
 
@@ -775,7 +763,7 @@ class GoldenVectors : public testing::TestWithParam<const char*>
 {
 };
 
-} // namespace
+}  // namespace
 
 TEST_P(GoldenVectors, AreReproducedByteForByte)
 {
@@ -795,9 +783,9 @@ TEST_P(GoldenVectors, AreReproducedByteForByte)
             continue;
         ++failures;
         if (failures <= c_mostFailuresShown)
-            ADD_FAILURE() << path << ":" << lineNumber << " " << Shown(vector.function)
-                          << "\n  inputs   " << Shown(vector.inputs) << "\n  expected " << Shown(vector.expected)
-                          << "\n  got      " << Shown(got);
+            ADD_FAILURE() << path << ":" << lineNumber << " " << Shown(vector.function) << "\n  inputs   "
+                          << Shown(vector.inputs) << "\n  expected " << Shown(vector.expected) << "\n  got      "
+                          << Shown(got);
     }
     EXPECT_GT(lineNumber, 0) << path << " is empty";
     EXPECT_EQ(0, failures) << path;
@@ -805,7 +793,8 @@ TEST_P(GoldenVectors, AreReproducedByteForByte)
 
 INSTANTIATE_TEST_SUITE_P(Files, GoldenVectors,
                          testing::Values("units.txt", "decimaltext.txt", "imperial.txt", "strings.txt"),
-                         [](const testing::TestParamInfo<const char*>& file) {
+                         [](const testing::TestParamInfo<const char*>& file)
+                         {
                              const std::string_view name = file.param;
                              return std::string(name.substr(0, name.find('.')));
                          });

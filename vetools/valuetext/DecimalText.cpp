@@ -36,11 +36,12 @@ constexpr bool MarksDecide()
 }
 static_assert(MarksDecide());
 
-/// The rounding step of each precision whose power of ten is exact; 1/100 is the one of precision 2.
+/// The rounding step of each precision whose power of ten is exact; 1/100 is the one of precision 2. The last power lies
+/// half way between two doubles, and is the upper one on both builds.
 constexpr double c_roundingSteps[] = {
     1 / 1e0,  1 / 1e1,  1 / 1e2,  1 / 1e3,  1 / 1e4,  1 / 1e5,  1 / 1e6,  1 / 1e7,
     1 / 1e8,  1 / 1e9,  1 / 1e10, 1 / 1e11, 1 / 1e12, 1 / 1e13, 1 / 1e14, 1 / 1e15,
-    1 / 1e16, 1 / 1e17, 1 / 1e18, 1 / 1e19, 1 / 1e20, 1 / 1e21, 1 / 1e22,
+    1 / 1e16, 1 / 1e17, 1 / 1e18, 1 / 1e19, 1 / 1e20, 1 / 1e21, 1 / 1e22, 1 / 1.0000000000000001e23,
 };
 
 /// 0 from precision 309 on: the quotient by it is then infinite or no number, and so is the rounded value.
