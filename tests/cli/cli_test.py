@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""cli_test.py [--update] [WRAPPER...] VETOOLS: runs the `vetools` command and compares all that it prints, byte for byte.
+"""cli_test.py [--update] [--only CLASS] [WRAPPER...] VETOOLS: runs the `vetools` command and compares all that it prints, byte for byte.
 
 Each test is named by the sentence it proves. Many values share a process, as a start under Wine costs most of the time.
 Long outputs are files in golden/, which --update writes anew, to be reviewed as a diff.
 """
 
+import argparse
 import json
 import os
 import shlex
@@ -448,8 +449,11 @@ class Units(CommandTest):
 
 
 if __name__ == "__main__":
-    arguments = sys.argv[1:]
-    UPDATE = arguments[:1] == ["--update"]
-    PROGRAM = arguments[1:] if UPDATE else arguments
+    options = argparse.ArgumentParser()
+    options.add_argument("--update", action="store_true")
+    options.add_argument("--only", metavar="CLASS")
+    options.add_argument("program", nargs=argparse.REMAINDER)
+    given = options.parse_args()
+    UPDATE, PROGRAM = given.update, given.program
     with tempfile.TemporaryDirectory(dir=".") as WORK:
-        unittest.main(argv=sys.argv[:1])
+        unittest.main(argv=sys.argv[:1] + ([given.only] if given.only else []))

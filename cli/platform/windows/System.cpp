@@ -49,6 +49,12 @@ std::string ErrorText(DWORD error)
     }
 }
 
+// The reader of a pipe has gone: each of these is reported, depending on the pipe and the moment.
+bool IsClosedPipe(DWORD error)
+{
+    return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
+}
+
 WriteResult WriteConsole(HANDLE console, std::string_view text)
 {
     const std::wstring wide = ToWideLossy(text);
@@ -106,10 +112,7 @@ WriteResult Write(Stream stream, std::string_view text)
         const DWORD count = static_cast<DWORD>(std::min<std::size_t>(text.size(), 1u << 20));
         DWORD written = 0;
         if (!::WriteFile(handle, text.data(), count, &written, nullptr))
-        {
-            const DWORD error = ::GetLastError();
-            return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA ? WriteResult::Closed : WriteResult::Failed;
-        }
+            return IsClosedPipe(::GetLastError()) ? WriteResult::Closed : WriteResult::Failed;
         text.remove_prefix(written);
     }
     return WriteResult::Done;
