@@ -175,8 +175,12 @@ TEST(ImperialFormat, WritesNothingForOtherFormats)
 TEST(ImperialFormat, ValuesBeyondAnIntAreBoundedTexts)
 {
     EXPECT_EQ(L"2147483647\"", Write(2147483647.0, LengthIn::Inches, 4, L'.', c_fraction));
-    EXPECT_EQ(L"-2147483647 2147483647/16\"", Write(-1e300, LengthIn::Inches, 4, L'.', c_fraction));
-    EXPECT_EQ(L"2147483647'-2147483647 2147483647/8\"", Write(c_infinity, LengthIn::Feet, 3, L'.', c_fraction));
+    EXPECT_EQ(L"-2147483647\"", Write(-1e300, LengthIn::Inches, 4, L'.', c_fraction));
+    EXPECT_EQ(L"2147483647'", Write(c_infinity, LengthIn::Feet, 3, L'.', c_fraction));
+    EXPECT_EQ(L"2147483647'-6\"", Write(2147483648.5, LengthIn::Feet, 3, L'.', c_fraction));  // the rest stays right
+    EXPECT_EQ(L"2147483647'-6\"", Write(2147483648.5, LengthIn::Feet, 3, L'.', c_decimals));
+    EXPECT_EQ(L"2147483647 1/2\"", Write(2147483648.5, LengthIn::Inches, 3, L'.', c_fraction));
+    EXPECT_EQ(L"2147483647'", Write(c_infinity, LengthIn::Feet, 3, L'.', c_decimals));
     EXPECT_EQ(L"0\"", Write(std::nan(""), LengthIn::Feet, 3, L'.', c_fraction));
     EXPECT_EQ(L"1.#QNAN\"", Write(std::nan(""), LengthIn::Feet, 6, L'.', c_decimals));
     EXPECT_EQ(L"1.#INF00\"", Write(c_infinity, LengthIn::Inches, 6, L'.', c_decimals));
