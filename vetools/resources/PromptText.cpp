@@ -1,8 +1,7 @@
 #include "vetools/resources/PromptText.h"
 
-#include <algorithm>
-
 #include "vetools/framework/ModuleState.h"
+#include "vetools/framework/TextCopy.h"
 #include "vetools/resources/StringTable.h"
 #include "vetools/resources/VePrompts.h"
 
@@ -11,15 +10,6 @@ namespace
 
 /// Who asks the prompts service.
 constexpr wchar_t c_promptModule[] = L"TOOLS";
-
-void CopyCut(std::wstring_view text, std::span<wchar_t> buffer)
-{
-    if (buffer.empty())
-        return;
-    const std::size_t length = std::min(text.size(), buffer.size() - 1);
-    text.copy(buffer.data(), length);
-    buffer[length] = L'\0';
-}
 
 }  // namespace
 
@@ -36,7 +26,7 @@ CString PromptText(unsigned int id)
 void CopyPromptText(unsigned int id, std::span<wchar_t> buffer)
 {
     if (VePrompts::HasProvider())
-        CopyCut(PromptText(id).View(), buffer);
+        CopyTruncated(PromptText(id).View(), buffer);
     else
-        CopyCut(StringTableText(id), buffer);
+        CopyTruncated(StringTableText(id), buffer);
 }

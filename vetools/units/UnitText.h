@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <span>
 #include <string_view>
 
 #include "vetools/framework/NumberWriter.h"
+#include "vetools/framework/TextCopy.h"
 
 /// How many characters a unit's symbol and title hold, terminator included (internal).
 inline constexpr std::size_t c_nameCapacity = 20;
@@ -14,14 +14,6 @@ inline constexpr std::size_t c_titleCapacity = 50;
 
 /// The mark of a squared unit; other powers are written as numbers.
 inline constexpr std::wstring_view c_squareMark = L"²";
-
-/// Copies as much of a text as the buffer holds before a terminator. The text may lie in the buffer.
-inline void CopyTruncated(std::wstring_view text, std::span<wchar_t> buffer)
-{
-    const std::size_t length = std::min(text.size(), buffer.size() - 1);
-    std::char_traits<wchar_t>::move(buffer.data(), text.data(), length);
-    buffer[length] = L'\0';
-}
 
 /// A text put together without allocation and cut at its capacity, terminator included (internal).
 template <std::size_t capacity>

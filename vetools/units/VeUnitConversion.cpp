@@ -3,8 +3,17 @@
 #include "vetools/units/UnitCatalogue.h"
 #include "vetools/units/VeUnitBase.h"
 
-// What a conversion does beyond the coefficient is decided once, before the values: each loop has one straight body
-// that the compiler can turn into vector instructions, with the operations of the single value in the same order.
+namespace
+{
+
+template <class Convert>
+void ConvertEach(std::span<double> values, Convert convert)
+{
+    for (double& value : values)
+        value = convert(value);
+}
+
+}  // namespace
 
 void CVeUnitBase::SI2Double(double& value, int useMetricsFactor) const
 {
@@ -26,24 +35,22 @@ void CVeUnitBase::Double2SI(double& value, int useMetricsFactor) const
         value = value * MetricsFactor;
 }
 
+// What a conversion does beyond the coefficient is decided once, before the values: each loop has one straight body
+// that the compiler can turn into vector instructions, with the operations of the single value in the same order.
+
 void CVeUnitBase::SI2Double(std::span<double> values, int useMetricsFactor) const
 {
     const double coef = Coef;
     const double factor = MetricsFactor;
     const double offset = OffsetAfterScaling(IdUnit, Range);
-    const auto convertEach = [values](auto convert)
-    {
-        for (double& value : values)
-            value = convert(value);
-    };
 
     if (offset != 0.0 && useMetricsFactor)
-        return convertEach([=](double value) { return coef * value / factor + offset; });
+        return ConvertEach(values, [=](double value) { return coef * value / factor + offset; });
     if (offset != 0.0)
-        return convertEach([=](double value) { return coef * value + offset; });
+        return ConvertEach(values, [=](double value) { return coef * value + offset; });
     if (useMetricsFactor)
-        return convertEach([=](double value) { return coef * value / factor; });
-    convertEach([=](double value) { return coef * value; });
+        return ConvertEach(values, [=](double value) { return coef * value / factor; });
+    ConvertEach(values, [=](double value) { return coef * value; });
 }
 
 void CVeUnitBase::Double2SI(std::span<double> values, int useMetricsFactor) const
@@ -51,17 +58,12 @@ void CVeUnitBase::Double2SI(std::span<double> values, int useMetricsFactor) cons
     const double coef = Coef;
     const double factor = MetricsFactor;
     const double offset = OffsetAfterScaling(IdUnit, Range);
-    const auto convertEach = [values](auto convert)
-    {
-        for (double& value : values)
-            value = convert(value);
-    };
 
     if (offset != 0.0 && useMetricsFactor)
-        return convertEach([=](double value) { return (value - offset) / coef * factor; });
+        return ConvertEach(values, [=](double value) { return (value - offset) / coef * factor; });
     if (offset != 0.0)
-        return convertEach([=](double value) { return (value - offset) / coef; });
+        return ConvertEach(values, [=](double value) { return (value - offset) / coef; });
     if (useMetricsFactor)
-        return convertEach([=](double value) { return value / coef * factor; });
-    convertEach([=](double value) { return value / coef; });
+        return ConvertEach(values, [=](double value) { return value / coef * factor; });
+    ConvertEach(values, [=](double value) { return value / coef; });
 }

@@ -8,30 +8,30 @@
 namespace
 {
 
-/// Marks, for its lifetime, that a comparison of the object has been handed on to whatever stands in the object's slot.
-class HandedOn
-{
-public:
-    HandedOn(const CVeString*& current, const CVeString* object)
-        : m_current(current)
-        , m_outer(current)
-    {
-        m_current = object;
-    }
-    ~HandedOn() { m_current = m_outer; }
-    HandedOn(const HandedOn&) = delete;
-    HandedOn& operator=(const HandedOn&) = delete;
-
-private:
-    const CVeString*& m_current;
-    const CVeString* m_outer;
-};
-
 /// What a function that calls itself without end amounts to, at the cost of neither the stack nor a processor.
 [[noreturn]] void NeverReturn()
 {
     for (;;)
         std::this_thread::sleep_for(std::chrono::seconds(1));
+}
+
+/// Hands a comparison on to whatever stands in the object's slot. Coming here from there, with the same object, means that
+/// no override answers. Each comparison has a mark of its own.
+template <class Question>
+int AskAgain(const CVeString& object, Question question)
+{
+    static thread_local const CVeString* s_asked = nullptr;
+    if (s_asked == &object)
+        NeverReturn();
+
+    struct Mark
+    {
+        const CVeString* const outer = s_asked;
+        ~Mark() { s_asked = outer; }
+    };
+    const Mark mark;
+    s_asked = &object;
+    return question();
 }
 
 bool Contains(const CString& characters, wchar_t character)
@@ -77,25 +77,16 @@ CVeString& CVeString::operator=(const CVeString& other)
     return *this;
 }
 
-// Kept: both comparisons dispatch again on the object. Arriving here a second time with the same object means that there is no
-// override which could answer.
+// Kept: both comparisons ask the object again, through its own slot.
 
 int CVeString::operator==(const CVeString& other) const
 {
-    static thread_local const CVeString* s_handedOn = nullptr;
-    if (s_handedOn == this)
-        NeverReturn();
-    const HandedOn handedOn(s_handedOn, this);
-    return operator==(other);
+    return AskAgain(*this, [&] { return operator==(other); });
 }
 
 int CVeString::operator!=(const CVeString& other) const
 {
-    static thread_local const CVeString* s_handedOn = nullptr;
-    if (s_handedOn == this)
-        NeverReturn();
-    const HandedOn handedOn(s_handedOn, this);
-    return operator!=(other);
+    return AskAgain(*this, [&] { return operator!=(other); });
 }
 
 void CVeString::Dump() const {}
