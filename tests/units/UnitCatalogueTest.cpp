@@ -238,6 +238,25 @@ TEST(UnitCatalogue, KeptCoefficientIsPlainAfterARefreshWhileTheExponentStays)
     EXPECT_EQ(L"mm", NameOf(unit));
 }
 
+TEST(UnitCatalogue, KeptCoefficientsAreRoundedWhereTheyAlwaysWere)
+{
+    EXPECT_EQ(1.093613298, MakeCatalogueUnit(1, 7).GetCoef());
+    EXPECT_EQ(0.024, MakeCatalogueUnit(4, 3).GetCoef()) << "a thousand pounds";
+    EXPECT_EQ(0.000145, MakeCatalogueUnit(7, 8).GetCoef());
+    EXPECT_EQ(0.000145, MakeCatalogueUnit(7, 10).GetCoef());
+    EXPECT_EQ(0.020885, MakeCatalogueUnit(7, 11).GetCoef());
+    EXPECT_EQ(1.45e-07, MakeCatalogueUnit(7, 12).GetCoef());
+    EXPECT_EQ(0.737562, MakeCatalogueUnit(15, 2).GetCoef());
+}
+
+TEST(UnitCatalogue, KeptTheSquaresOfQuantity26ArePlainLengthsButForTheirTitles)
+{
+    CVeUnitBase unit = MakeCatalogueUnit(26, 2);
+    EXPECT_EQ(L"cm", NameOf(unit));
+    EXPECT_EQ(100.0, unit.GetCoef());
+    EXPECT_STREQ(L"Centimenter²", unit.GetTitle());
+}
+
 TEST(UnitCatalogue, KeptFootPerSecondIsOneLastDigitBelowTheFoot)
 {
     EXPECT_LT(MakeCatalogueUnit(16, 8).GetCoef(), MakeCatalogueUnit(1, 6).GetCoef());

@@ -90,6 +90,35 @@ TEST(UnitExponent, ShowsSquaresAndCubesOfInchAndFootInWords)
     }
 }
 
+TEST(UnitExponent, KeptWhatIsShownInWordsStaysInWords)
+{
+    CVeUnitBase inch = MakeCatalogueUnit(1, 5);
+    const struct
+    {
+        int power;
+        const wchar_t* name;
+        const wchar_t* title;
+    } steps[] = {
+        {2, L"sq in", L"Pouce²"}, {3, L"sq in3", L"Pouce3"}, {2, L"sq in²", L"Pouce²"}, {1, L"sq in", L"Pouce"},
+        {-1, L"sq in", L"Pouce"}, {2, L"sq in²", L"Pouce²"}, {0, L"sq in", L"Pouce"},   {3, L"sq in3", L"Pouce3"},
+    };
+    for (const auto& step : steps)
+    {
+        inch.SetExponent(step.power);
+        EXPECT_EQ(step.name, NameOf(inch)) << step.power;
+        EXPECT_STREQ(step.title, inch.GetTitle()) << step.power;
+    }
+}
+
+TEST(UnitExponent, ASquareOfATitleThatIsSquaredAlreadyHasOneMark)
+{
+    CVeUnitBase unit = MakeCatalogueUnit(26, 4);
+    unit.SetExponent(2);
+    EXPECT_STREQ(L"Meter²", unit.GetTitle());
+    unit.SetExponent(1);
+    EXPECT_STREQ(L"Meter", unit.GetTitle());
+}
+
 TEST(UnitExponent, AppendsNothingToPowersBelowTwo)
 {
     for (const int power : {1, 0, -1, -2, std::numeric_limits<int>::min()})

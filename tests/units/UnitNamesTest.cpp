@@ -135,6 +135,14 @@ TEST(UnitPlural, ExistsForMostLengths)
     }
 }
 
+TEST(UnitPlural, KeptMicrometreAndYardHaveNoneAndTheFootHasItsSingular)
+{
+    EXPECT_STREQ(L"", MakeCatalogueUnit(1, 0).GetTitlePlural());
+    EXPECT_STREQ(L"", MakeCatalogueUnit(1, 7).GetTitlePlural());
+    EXPECT_STREQ(L"pied", MakeCatalogueUnit(1, 6).GetTitlePlural());
+    EXPECT_STREQ(L"decimètres", MakeCatalogueUnit(1, 3).GetTitlePlural());
+}
+
 TEST(UnitLookUp, FindsTheRangeOfASymbol)
 {
     ExpectFound(CVeUnitBase::GetRangeFromUnitName,
@@ -217,6 +225,11 @@ TEST(UnitLookUp, KeptSomeTitlesAreNotFound)
                                                         L""});
 }
 
+TEST(UnitLookUp, KeptTheQuantityIsNoInput)
+{
+    ExpectFound(CVeUnitBase::GetRangeFromUnitName, {{4, {L"kg"}}, {5, {L"T"}}, {6, {L"lb"}}, {7, {L"kip"}}});
+}
+
 TEST(UnitLookUp, RefusesNullPointers)
 {
     unsigned int range = c_untouched;
@@ -245,9 +258,9 @@ TEST(UnitSymbols, AreElevenForLengths)
 TEST(UnitSymbols, AreRemovedFromATextTogetherWithTheirUpperCase)
 {
     const TextRow rows[] = {
-        {L"", L""},           {L"12 ", L"12 MM"}, {L"12 ", L"12 mm"}, {L"12 ", L"12 µm"}, {L"1 2 3 ", L"1m 2M 3 dm"},
-        {L"12 ", L"12 mmm"},  {L"3 ", L"3 Yd"},   {L"3 ", L"3 YD"},   {L"3 yd", L"3 yd"}, {L"aount", L"amount"},
-        {L"12 kN", L"12 kN"},
+        {L"", L""},         {L"12 ", L"12 MM"},         {L"12 ", L"12 mm"},    {L"12 ", L"12 µm"},
+        {L"12 ", L"12 µM"}, {L"1 2 3 ", L"1m 2M 3 dm"}, {L"12 ", L"12 mmm"},   {L"3 ", L"3 Yd"},
+        {L"3 ", L"3 YD"},   {L"3 yd", L"3 yd"},         {L"aount", L"amount"}, {L"12 kN", L"12 kN"},
     };
     for (const TextRow& row : rows)
         EXPECT_EQ(row.expected, Eliminated(1, row.stored));

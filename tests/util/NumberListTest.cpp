@@ -53,6 +53,10 @@ TEST(NumberList, ReadsNumbersAndRangesAscendingWithoutDuplicates)
         {{5}, L"5.9"},
         {{1, 2}, L"1,2 -"},
         {{1, 2}, L"1,2 --- "},
+        {{5}, L"5-"},
+        {{1, 2}, L"1-2-"},
+        {{1, 5}, L"1-,5"},
+        {{5, 7}, L"5 - - 7"},
     };
     ExpectLists(rows);
 }
@@ -110,7 +114,7 @@ TEST(NumberList, KeptADashBeforeAnItemIsSkippedAndOneBehindTheDashOfARangeIsASig
 
 TEST(NumberList, KeptAnExclusionMarkMakesABoundABadOne)
 {
-    const Row rows[] = {{{}, L"!3-5"}, {{1, 2, 3, 4}, L"1-4 !2-3"}, {{3}, L"3-!5"}};
+    const Row rows[] = {{{}, L"!3-5"}, {{}, L"!-5"}, {{1, 2, 3, 4}, L"1-4 !2-3"}, {{3}, L"3-!5"}};
     ExpectLists(rows);
 }
 

@@ -57,9 +57,13 @@ TEST(StringTokenizer, NDelimitersMakeNPlusOneElements)
 TEST(StringTokenizer, KeptTheCharacterBeforeALineEndOrBackslashIsDropped)
 {
     const Row rows[] = {
-        {{L"x", L"y"}, L"x\r\ny", L'\n'},      {{L"", L"y"}, L"x\ny", L'\n'},
-        {{L"", L"", L""}, L"\n\n", L'\n'},     {{L"", L"y\r"}, L"\r\ny\r", L'\n'},
-        {{L"", L"", L"c"}, L"a\\b\\c", L'\\'}, {{L"C", L"User", L"file"}, L"C:\\Users\\file", L'\\'},
+        {{L"x", L"y"}, L"x\r\ny", L'\n'},
+        {{L"", L"y"}, L"x\ny", L'\n'},
+        {{L"", L"", L""}, L"\n\n", L'\n'},
+        {{L"", L"y\r"}, L"\r\ny\r", L'\n'},
+        {{L"", L"", L"c"}, L"a\\b\\c", L'\\'},
+        {{L"", L"", L""}, L"\\\\", L'\\'},
+        {{L"C", L"User", L"file"}, L"C:\\Users\\file", L'\\'},
     };
     for (const Row& row : rows)
     {

@@ -100,8 +100,7 @@ constexpr bool FoundSymbolsAreUnique()
 
 static_assert(IdsAscendFromOne(), "a quantity's row is found by its id");
 static_assert(EveryTableBelongsToAQuantity());
-static_assert(RowsFitTheUnit(), "a symbol has 19 characters; only imperial "
-                                "units have a format of their own");
+static_assert(RowsFitTheUnit(), "a symbol has 19 characters; only imperial units have a format of their own");
 static_assert(OnlyLengthsAreImperial(), "the format of an imperial unit follows from its range alone");
 static_assert(LengthsAreWhatFollowsTheMetricsFactor());
 static_assert(FoundSymbolsAreUnique(), "the order of the look-up makes no difference");

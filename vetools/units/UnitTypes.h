@@ -27,7 +27,8 @@ enum enumUNITFORMAT : unsigned int
 };
 
 /// The unit ids: the physical quantities. The length ids share one table of units, for twelve uses that a user may show
-/// differently; UNIT_ID_LENGTH_26 titles them as squares.
+/// differently.
+/// Kept: UNIT_ID_LENGTH_26 titles them as squares, while symbols and coefficients are those of plain lengths.
 enum UNIT_ID : unsigned int
 {
     UNIT_ID_LENGTH = 1,
@@ -58,4 +59,4 @@ enum UNIT_ID : unsigned int
     UNIT_ID_LENGTH_26 = 26,
 };
 
-} // namespace Unit
+}  // namespace Unit

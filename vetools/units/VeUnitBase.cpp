@@ -43,8 +43,7 @@ CVeUnitBase::CVeUnitBase(unsigned int idUnit, unsigned int range, unsigned int p
 {
     static_assert(sizeof(Name) == c_nameCapacity * sizeof(wchar_t) &&
                   sizeof(Title) == c_titleCapacity * sizeof(wchar_t));
-    UpdateDataUnit(false);  // Kept: this resets the separator, so the argument has
-                            // no lasting effect
+    UpdateDataUnit(false);  // Kept: resets the separator, so the argument has no lasting effect
 }
 
 CVeUnitBase::CVeUnitBase(const CVeUnitBase& other)
@@ -203,8 +202,7 @@ void CVeUnitBase::SetUnitType(Unit::UNIT_TYPE type)
 
 void CVeUnitBase::UpdateDataUnit(bool alternativeTitles)
 {
-    Sep = CVeUnitSeparator::m_cSep;  // Kept: also when the catalogue does not know
-                                     // the unit
+    Sep = CVeUnitSeparator::m_cSep;  // Kept: also when the catalogue does not know the unit
 
     const QuantityRow* quantity = FindQuantity(IdUnit);
     const UnitRow* unit = quantity ? FindUnit(*quantity, Range) : nullptr;

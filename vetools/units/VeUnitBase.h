@@ -92,6 +92,7 @@ public:
     /// power is taken off ("²", or everything from the first place where its number appears) and, from 2 on, the new
     /// one is appended; what would become empty stays. Then both are rewritten as GetName and GetTitle show them.
     /// Kept: a text is cut where the number first appears, also when that is not its end.
+    /// Kept: what GetName shows in words stays in words: the inch with 2 is sq in, then with 3 sq in3, then with 1 sq in.
     void SetExponent(int exponent);
 
     /// The decimal separator of values in this unit; setting '.' stores the current one (CVeUnitSeparator::m_cSep).

@@ -89,7 +89,7 @@ void CVeUnitBase::SetExponent(int exponent)
     Coef = Power(Coef, static_cast<double>(exponent) / static_cast<double>(Exponent));
     ReplacePower(Name, Exponent, exponent);
     ReplacePower(Title, Exponent, exponent);
-    CopyTruncated(GetName().View(), Name);
+    CopyTruncated(GetName().View(), Name);  // Kept: "² becomes sq in for good
     GetTitle();
     Exponent = exponent;
 }
@@ -167,8 +167,7 @@ void CVeUnitBase::RaiseFirstFactor(int exponent)
     if (exponent == 2)
         suffix << c_squareMark;
     else
-        suffix << Exponent;  // Kept: the power that the unit had, usually 1, not the
-                             // one it is raised to
+        suffix << Exponent;  // Kept: the power that the unit had, usually 1, not the one it is raised to
     Coef = Raise(Coef, exponent);
     CopyTruncated(GetName().View(), Name);
     AppendTo(Name, suffix.View());

@@ -168,6 +168,13 @@ CString ListOfSymbols(std::span<const UnitRow> units)
     return CString(list.View());
 }
 
+bool GiveIfFound(std::optional<unsigned int> found, unsigned int& range)
+{
+    if (found)
+        range = *found;
+    return found.has_value();
+}
+
 }  // namespace
 
 CString CVeUnitBase::GetName() const
@@ -207,24 +214,12 @@ CString CVeUnitBase::GetStringUnits(unsigned int idUnit, int range)
 
 bool CVeUnitBase::GetRangeFromUnitName(const wchar_t* symbol, unsigned int* range)
 {
-    if (!symbol || !range)
-        return false;
-    const std::optional<unsigned int> found = FindRangeBySymbol(symbol);
-    if (!found)
-        return false;
-    *range = *found;
-    return true;
+    return symbol && range && GiveIfFound(FindRangeBySymbol(symbol), *range);
 }
 
 bool CVeUnitBase::GetRangeFromUnitTitle(const wchar_t* title, unsigned int* range)
 {
-    if (!title || !range)
-        return false;
-    const std::optional<unsigned int> found = FindRangeByTitle(title);
-    if (!found)
-        return false;
-    *range = *found;
-    return true;
+    return title && range && GiveIfFound(FindRangeByTitle(title), *range);
 }
 
 std::vector<CString> CVeUnitBase::GetAllUnitsSymbols(unsigned int idUnit)
@@ -239,7 +234,7 @@ void CVeUnitBase::EliminateUnitsSymbol(unsigned int idUnit, CString& text)
 {
     if (!IsLengthId(idUnit))
         return;
-    for (CString& symbol : FindLengthSymbols())
+    for (CString& symbol : FindLengthSymbols())  // Kept: the single marks first, so a hyphen between them stays
     {
         text.Replace(symbol, L"");
         text.Replace(symbol.MakeUpper(), L"");

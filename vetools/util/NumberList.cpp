@@ -50,7 +50,7 @@ void ReadSingle(std::wstring_view token, int allowZero, Items& items)
         items.ranges.push_back({*number, *number});
 }
 
-/// 3-5   5-3
+/// 3-5   5-3   Kept: a '!' makes the first bound a bad one.
 void ReadRange(std::wstring_view first, std::wstring_view second, int allowZero, Items& items)
 {
     const std::optional<std::int64_t> firstBound = ReadNumber(first, allowZero);
@@ -68,7 +68,7 @@ Items ReadItems(std::wstring_view text, int allowZero)
     for (TextCursor cursor(text); !cursor.AtEnd();)
     {
         cursor.ConsumeBlanks();
-        cursor.ConsumeAll(L'-');
+        cursor.ConsumeAll(L'-');  // Kept: never a sign
         cursor.ConsumeBlanks();
         const std::wstring_view item = cursor.ConsumeUntil(L' ');
         const std::size_t dash = item.find(L'-');

@@ -7,6 +7,7 @@
 
 CStringTokenizer::CStringTokenizer(CString& text, wchar_t delimiter)
 {
+    // Kept: meant for the carriage returns of line ends, but it takes any character.
     const bool dropOne = delimiter == L'\n' || delimiter == L'\\';
     Split(text, delimiter, dropOne ? BeforeDelimiter::DropOne : BeforeDelimiter::KeepAll);
 }
