@@ -135,9 +135,9 @@ TEST(ImperialParse, AnyCharacterMayBeTheSeparator)
 
 TEST(ImperialParse, KeptTheSignIsNotSeenBehindABlankAndAMarkEndsAtItsFirstBlank)
 {
-    const Row rows[] = {{36, L" -3'"}, {36, L"\t-3'"}, {36, L" abc3'"}, {3, L"3 -"}};
+    const Row rows[] = {{36, L" -3'"}, {36, L"\t-3'"}, {36, L" abc3'"}, {3, L"3 -"}, {36, L" 3'"}};
     ExpectRead(rows, Unit::UNITFORMAT_FRACTION);
-    const std::wstring_view texts[] = {L"- 3'", L"-\t3'", L"-- 3'"};
+    const std::wstring_view texts[] = {L"- 3'", L"-\t3'", L"-- 3'", L"\n3'", L"3\n'"};
     ExpectFailure(texts);
 }
 

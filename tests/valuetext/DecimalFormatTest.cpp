@@ -174,6 +174,12 @@ TEST(DecimalText, ShowsLengthsBelowAMillimetreAsZeroWhenThePrecisionIsTooSmall)
     ExpectTexts(rows);
 }
 
+TEST(DecimalText, KeptQuantity12ShowsLessThanAMillimetre)
+{
+    EXPECT_EQ(L"0.0005", Ten(MakeUnit(Unit::UNIT_ID_LENGTH_12, 4, 2), 0.0005));
+    EXPECT_EQ(L"0.00", Ten(MakeUnit(Unit::UNIT_ID_LENGTH_13, 4, 2), 0.0005));
+}
+
 TEST(DecimalText, WidensThePrecisionToTheFirstSignificantDecimalOfOtherSmallLengths)
 {
     const UnitRow rows[] = {
@@ -377,6 +383,42 @@ TEST(DecimalText, TakesAnyCoefficient)
     EXPECT_EQ(L"-10.00", Ten(unit, 5.0));
     unit.SetCoef(c_infinity);
     EXPECT_EQ(L"INF", Ten(unit, 5.0));
+    unit.SetCoef(c_notANumber);
+    EXPECT_EQ(L"1.#R", Ten(unit, 5.0));  // as printed with two decimals
+    unit = MakeUnit(Unit::UNIT_ID_LENGTH_12, 4, 2);
+    unit.SetCoef(-2.0);
+    EXPECT_EQ(L"0.006", Ten(unit, -0.003));  // the small value in the unit is what counts
+}
+
+TEST(DecimalText, TakesAnyMetricsFactor)
+{
+    const struct
+    {
+        const wchar_t* expected;
+        double metricsFactor;
+        int exponent;
+    } rows[] = {
+        {L"INF",      0.0,          1},
+        {L"-INF",     -0.0,         1},
+        {L"INF",      -0.0,         2},
+        {L"-2.00",    -4.0,         1},
+        {L"0.50",     -4.0,         2},
+        {L"-0.12",    -4.0,         3},  // -0.125, and half way is up
+        {L"-32.00",   -4.0,         -1},
+        {L"8.00",     0.0,          0},  // any factor to the power of 0 is 1
+        {L"8.00",     c_notANumber, 0},
+        {L"0.00",     c_infinity,   1},
+        {L"1.#R",     c_notANumber, 1},
+    };
+    for (const auto& row : rows)
+    {
+        CVeUnitBase unit = Metre(2);
+        unit.SetExponent(row.exponent);
+        unit.SetCoef(1.0);
+        unit.SetMetricsFactor(row.metricsFactor);
+        EXPECT_EQ(row.expected, Ten(unit, 8.0, {.applyMetricsFactor = 1}))
+            << "factor " << row.metricsFactor << " exponent " << row.exponent;
+    }
 }
 
 TEST(DecimalText, AppliesTheCallersFormatToThePrecisionAndTheValue)

@@ -84,6 +84,9 @@ TEST(ValueParse, ReadsTheNumberInFrontAndIgnoresWhatFollows)
         {12.5,        L"12.5"},
         {12.5,        L"12.5 kN"},
         {-12.5,       L"  \t-12.5;"},
+        {7.0,         L"\n\v\f\r 7"},
+        {0.0,         L"- 7"},
+        {0.0,         L"--7"},
         {12.5,        L"+12.5x"},
         {1000.0,      L"1e3"},
         {1.0,         L"1e"},
@@ -200,9 +203,33 @@ TEST(ValueParse, ConvertsInchesAsTheMetricsFactorAndTheCoefficientSay)
             << "range " << row.range << " factor " << row.metricsFactor << " flag " << row.flag;
 }
 
+TEST(ValueParse, KeptFeetTakeInchesForFeetUnlessTheMetricsFactorIsAskedForAndOtherLengthsAlwaysHaveIt)
+{
+    EXPECT_EQ(36.0 / c_feetPerMetre, Length(6, 1.0).String2Double(L"3'", nullptr, 0));
+    EXPECT_EQ(3.0 / c_feetPerMetre, Length(6, 1.0).String2Double(L"3'", nullptr, 1));
+    EXPECT_EQ(2.0 * (36.0 / c_inchesPerMetre), Length(5, 2.0).String2Double(L"3'", nullptr, 0));
+    EXPECT_EQ(2.0 * (36.0 / c_inchesPerMetre), Length(5, 2.0).String2Double(L"3'", nullptr, 1));
+}
+
+TEST(ValueParse, TakesAnyCoefficientAndMetricsFactor)
+{
+    CVeUnitBase unit = Length(4, 0.0);
+    EXPECT_EQ(0.0, unit.String2Double(L"5", nullptr, 1));
+    unit.SetMetricsFactor(-2.0);
+    EXPECT_EQ(-10.0, unit.String2Double(L"5", nullptr, 1));
+    unit.SetCoef(0.0);
+    EXPECT_EQ(c_infinity, unit.String2Double(L"5", nullptr, 0));
+    EXPECT_EQ(-c_infinity, unit.String2Double(L"5", nullptr, 1));
+    EXPECT_TRUE(std::isnan(unit.String2Double(L"0", nullptr, 0)));
+    unit.SetMetricsFactor(std::nan(""));
+    EXPECT_TRUE(std::isnan(unit.String2Double(L"5", nullptr, 1)));
+    EXPECT_TRUE(std::isnan(Length(10, std::nan("")).String2Double(L"5", nullptr, 0)));
+    EXPECT_EQ(-5.0 / c_inchesPerMetre, Length(10, -1.0).String2Double(L"5", nullptr, 0));
+}
+
 TEST(ValueParse, ReportsAnImperialTextThatIsNoLength)
 {
-    for (const wchar_t* text : {L"abc", L"3'-4-5-6-7", L"1 2 3 4 5", L"*", L"3''"})
+    for (const wchar_t* text : {L"abc", L"3'-4-5-6-7", L"1 2 3 4 5", L"*", L"3''", L"\n3'", L" ", L"-"})
     {
         int ok = 42;
         EXPECT_EQ(0.0, Length(9, 1.0).String2Double(text, &ok, 1)) << testing::PrintToString(std::wstring(text));

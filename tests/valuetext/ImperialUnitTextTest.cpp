@@ -1,5 +1,7 @@
 #include "ValueTextCalls.h"
 
+#include <limits>
+
 #include "vetools/units/UnitTypes.h"
 
 using namespace valuetext;
@@ -55,14 +57,50 @@ TEST(ImperialUnitText, InchFootAndYardAreDecimalNumbers)
     EXPECT_EQ(L"1.09 Yd", Ten(Length(7, 2), 1.0, {.withUnit = 1}));
 }
 
-TEST(ImperialUnitText, IgnoresTheUnitArgumentTheFormatAndTheCoefficient)
+TEST(ImperialUnitText, KeptTheValueCountsAsMetresWhateverTheCoefficient)
 {
-    CVeUnitBase unit = Length(9, 4);
-    unit.SetCoef(7.0);
+    for (const double coef : {7.0, 0.0, -1.0, std::numeric_limits<double>::quiet_NaN()})
+    {
+        CVeUnitBase unit = Length(9, 4);
+        unit.SetCoef(coef);
+        EXPECT_EQ(L"5'-11 3/8\"", Ten(unit, 71.375 * c_metresPerInch)) << coef;
+    }
+}
+
+TEST(ImperialUnitText, IgnoresTheUnitArgumentAndTheFormat)
+{
+    const CVeUnitBase unit = Length(9, 4);
     for (const int withUnit : {0, 1})
         EXPECT_EQ(L"5'-11 3/8\"", Ten(unit, 71.375 * c_metresPerInch,
                                       {.withUnit = withUnit, .format = L"%s", .removeTrailingZeros = 1,
                                        .smallValuesAsExponent = 1}));
+}
+
+TEST(ImperialUnitText, WritesWhatIsNoLengthAsNumbersGo)
+{
+    constexpr double c_infinity = std::numeric_limits<double>::infinity();
+    constexpr double c_notANumber = std::numeric_limits<double>::quiet_NaN();
+    const struct
+    {
+        const wchar_t* expected;
+        unsigned int range;
+        double metres;
+    } rows[] = {
+        {L"2147483647'",   8,  c_infinity},
+        {L"-2147483647'",  8,  -c_infinity},
+        {L"1.#QNAN\"",     8,  c_notANumber},
+        {L"1.#QNAN\"",     8,  -c_notANumber},
+        {L"2147483647'",   9,  c_infinity},
+        {L"0\"",           9,  c_notANumber},
+        {L"-2147483647\"", 10, -1e308},
+        {L"0\"",           10, -c_notANumber},
+        {L"0\"",           9,  -1e-11},    // this near to zero there is no sign
+        {L"0\"",           9,  -0.0},
+        {L"-0\"",          9,  -1e-9},
+        {L"0\"",           9,  5e-324},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.expected, Ten(Length(row.range, 6), row.metres)) << "range " << row.range << ' ' << row.metres;
 }
 
 TEST(ImperialUnitText, DividesByTheMetricsFactorOfEveryLength)

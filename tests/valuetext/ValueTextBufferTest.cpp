@@ -23,7 +23,7 @@ std::wstring Contents(const std::vector<wchar_t>& buffer, std::size_t length)
 
 } // namespace
 
-TEST(ValueTextBuffer, CutsTheTextTwoCharactersBelowTheSizeAndWritesTheNumberWholeWhateverTheSize)
+TEST(ValueTextBuffer, KeptTheTextIsCutTwoCharactersBelowTheSizeAndTheNumberWrittenWholeWhateverTheSize)
 {
     const struct
     {

@@ -282,6 +282,7 @@ public:
     ///
     /// An imperial length whose metrics factor is 39.37007874015748 or 3.2808398950131235 belongs to a model in inches or
     /// feet: with the flag the result is in those, without it in metres.
+    /// Kept: the metrics factor counts for every quantity, also where Double2String leaves it out.
     /// Kept: with any other factor a unit of 3.2808398950131235 per metre (foot, foot-inch) takes inches for feet unless
     /// applyMetricsFactor is set, and the others multiply by the factor whether it is set or not.
     /// An imperial unit of another range has no text to read: it gives 0.0 with *ok 1.
