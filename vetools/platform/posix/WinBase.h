@@ -1,18 +1,14 @@
 #pragma once
 
+#include "vetools/platform/posix/WinErrors.h"
+#include "vetools/platform/posix/WinFiles.h"
+#include "vetools/platform/posix/WinOle.h"
 #include "vetools/platform/posix/WinTypes.h"
 
 // What the library calls of the system's base services, under the system's names and with its documented results. Texts
 // are counted in elements of wchar_t, which hold whole characters here.
 
 // Last error
-
-constexpr DWORD ERROR_SUCCESS = 0;
-constexpr DWORD ERROR_INVALID_PARAMETER = 87;
-constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
-constexpr DWORD ERROR_INVALID_FLAGS = 1004;
-constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
-constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
 
 /// The error code of the calling thread. A function sets it when it fails; success leaves it as it is, unless said
 /// otherwise.
@@ -65,3 +61,10 @@ int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWS
 /// entry, the last error then being ERROR_RESOURCE_NAME_NOT_FOUND; the buffer holds an empty text then, unless its size
 /// is 0, where a null pointer is stored.
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize);
+
+// Debugger output
+
+/// Shows a text to a debugger. Here it goes to the standard error as UTF-8, but only when the environment variable
+/// VETOOLS_DEBUG_OUTPUT is set. Null shows nothing.
+void OutputDebugStringA(LPCSTR text);
+void OutputDebugStringW(LPCWSTR text);

@@ -1,0 +1,385 @@
+#include <cerrno>
+#include <climits>
+#include <fcntl.h>
+#include <mutex>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "vetools/platform/posix/ErrnoMapping.h"
+#include "vetools/platform/posix/NativePath.h"
+#include "vetools/platform/posix/WinBase.h"
+
+namespace
+{
+
+/// One open file as the sharing rules see it.
+struct OpenFile
+{
+    int descriptor;
+    dev_t device;
+    ino_t inode;
+    DWORD access; ///< FILE_SHARE_READ | FILE_SHARE_WRITE for what it does itself
+    DWORD share;  ///< the same bits for what it lets others do
+};
+
+std::mutex s_openFilesGuard;
+std::vector<OpenFile> s_openFiles;
+
+// Handles are multiples of 4, never null, as the system's are.
+HANDLE HandleOf(int descriptor)
+{
+    return reinterpret_cast<HANDLE>((static_cast<std::intptr_t>(descriptor) + 1) * 4);
+}
+
+int DescriptorOf(HANDLE file)
+{
+    const auto value = reinterpret_cast<std::intptr_t>(file);
+    return value > 0 && value % 4 == 0 ? static_cast<int>(value / 4 - 1) : -1;
+}
+
+BOOL Fail(DWORD error)
+{
+    SetLastError(error);
+    return 0;
+}
+
+BOOL FailWithErrno()
+{
+    return Fail(ErrorFromErrno(errno));
+}
+
+/// A missing file and a missing folder are one error here and two there: the folder decides.
+DWORD ErrorOfPath(int number, const std::string& path)
+{
+    if (number != ENOENT)
+        return ErrorFromErrno(number);
+    const std::size_t slash = path.find_last_of('/');
+    if (slash == std::string::npos)
+        return ERROR_FILE_NOT_FOUND;
+    struct stat status{};
+    const std::string folder = slash == 0 ? "/" : path.substr(0, slash);
+    return ::stat(folder.c_str(), &status) == 0 ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+BOOL FailOfPath(const std::string& path)
+{
+    return Fail(ErrorOfPath(errno, path));
+}
+
+DWORD UsedAccess(DWORD access)
+{
+    return ((access & GENERIC_READ) ? FILE_SHARE_READ : 0) |
+           ((access & (GENERIC_WRITE | FILE_APPEND_DATA)) ? FILE_SHARE_WRITE : 0);
+}
+
+bool IsShared(const OpenFile& opened)
+{
+    return std::all_of(s_openFiles.begin(), s_openFiles.end(), [&opened](const OpenFile& other) {
+        const bool isSameFile = other.device == opened.device && other.inode == opened.inode;
+        return !isSameFile || ((opened.access & ~other.share) == 0 && (other.access & ~opened.share) == 0);
+    });
+}
+
+int OpenFlags(DWORD access)
+{
+    const bool reads = access & GENERIC_READ;
+    const bool appends = (access & FILE_APPEND_DATA) && !(access & GENERIC_WRITE);
+    const bool writes = (access & GENERIC_WRITE) || appends;
+    return (reads && writes ? O_RDWR : writes ? O_WRONLY : O_RDONLY) | (appends ? O_APPEND : 0) | O_CLOEXEC;
+}
+
+/// Opens an existing file, or creates it where the disposition allows: -1 with errno set when neither succeeds.
+int OpenByDisposition(const char* path, int flags, DWORD disposition, mode_t mode, bool& existed)
+{
+    existed = true;
+    if (disposition != CREATE_NEW)
+    {
+        const int descriptor = ::open(path, flags);
+        const bool mayCreate = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
+        if (descriptor >= 0 || errno != ENOENT || !mayCreate)
+            return descriptor;
+    }
+    existed = false;
+    return ::open(path, flags | O_CREAT | O_EXCL, mode);
+}
+
+bool IsCompletePath(LPCWSTR path)
+{
+    return path && *path;
+}
+
+} // namespace
+
+HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposition, DWORD flagsAndAttributes, HANDLE)
+{
+    const auto failed = [](DWORD error) {
+        SetLastError(error);
+        return INVALID_HANDLE_VALUE;
+    };
+    if (!IsCompletePath(path))
+        return failed(ERROR_PATH_NOT_FOUND);
+    if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING)
+        return failed(ERROR_INVALID_PARAMETER);
+    if (disposition == TRUNCATE_EXISTING && !(access & GENERIC_WRITE))
+        return failed(ERROR_INVALID_PARAMETER);
+
+    const std::string native = NativePath(path);
+    const mode_t mode = flagsAndAttributes & FILE_ATTRIBUTE_READONLY ? 0444 : 0666;
+    bool existed = false;
+    const int descriptor = OpenByDisposition(native.c_str(), OpenFlags(access), disposition, mode, existed);
+    if (descriptor < 0)
+        return failed(ErrorOfPath(errno, native));
+
+    const auto closeAndFail = [descriptor, &failed](DWORD error) {
+        ::close(descriptor);
+        return failed(error);
+    };
+    struct stat status{};
+    if (::fstat(descriptor, &status) != 0)
+        return closeAndFail(ErrorFromErrno(errno));
+    // A read-only file is refused to everybody, also to the user whom the system's rights don't bind.
+    const bool isReadOnly = !(status.st_mode & 0222) && S_ISREG(status.st_mode);
+    const bool writes = UsedAccess(access) & FILE_SHARE_WRITE;
+    if (S_ISDIR(status.st_mode) || (existed && isReadOnly && writes))
+        return closeAndFail(ERROR_ACCESS_DENIED);
+    const OpenFile opened{descriptor, status.st_dev, status.st_ino, UsedAccess(access), share};
+    {
+        const std::lock_guard guard(s_openFilesGuard);
+        if (S_ISREG(status.st_mode) && !IsShared(opened))
+            return closeAndFail(ERROR_SHARING_VIOLATION);
+        s_openFiles.push_back(opened);
+    }
+    // Only now: a file that others do not share must not lose its contents.
+    const bool truncates = existed && (disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING);
+    if (truncates && S_ISREG(status.st_mode) && ::truncate(native.c_str(), 0) != 0)
+    {
+        const DWORD error = ErrorFromErrno(errno);
+        CloseHandle(HandleOf(descriptor));
+        return failed(error);
+    }
+    const bool reportsExisting = existed && (disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS);
+    SetLastError(reportsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
+    return HandleOf(descriptor);
+}
+
+BOOL CloseHandle(HANDLE file)
+{
+    const int descriptor = DescriptorOf(file);
+    {
+        const std::lock_guard guard(s_openFilesGuard);
+        const auto found = std::find_if(s_openFiles.begin(), s_openFiles.end(),
+                                        [descriptor](const OpenFile& opened) { return opened.descriptor == descriptor; });
+        if (found == s_openFiles.end())
+            return Fail(ERROR_INVALID_HANDLE);
+        s_openFiles.erase(found);
+    }
+    return ::close(descriptor) == 0 ? 1 : FailWithErrno();
+}
+
+BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
+{
+    DWORD done = 0;
+    bool succeeded = true;
+    while (done < size)
+    {
+        const ssize_t count = ::read(DescriptorOf(file), static_cast<char*>(buffer) + done, size - done);
+        if (count == 0)
+            break;
+        if (count > 0)
+            done += static_cast<DWORD>(count);
+        else if (errno != EINTR)
+        {
+            succeeded = FailWithErrno();
+            break;
+        }
+    }
+    if (read)
+        *read = done;
+    return succeeded;
+}
+
+BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
+{
+    DWORD done = 0;
+    bool succeeded = true;
+    while (done < size)
+    {
+        const ssize_t count = ::write(DescriptorOf(file), static_cast<const char*>(buffer) + done, size - done);
+        if (count >= 0)
+            done += static_cast<DWORD>(count);
+        else if (errno != EINTR)
+        {
+            succeeded = FailWithErrno();
+            break;
+        }
+    }
+    if (written)
+        *written = done;
+    return succeeded;
+}
+
+BOOL FlushFileBuffers(HANDLE file)
+{
+    return ::fsync(DescriptorOf(file)) == 0 ? 1 : FailWithErrno();
+}
+
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from)
+{
+    if (from > FILE_END)
+        return Fail(ERROR_INVALID_PARAMETER);
+    const int whence = from == FILE_BEGIN ? SEEK_SET : from == FILE_CURRENT ? SEEK_CUR : SEEK_END;
+    const off_t moved = ::lseek(DescriptorOf(file), distance.QuadPart, whence);
+    if (moved < 0)
+        return Fail(errno == EINVAL ? ERROR_NEGATIVE_SEEK : ErrorFromErrno(errno));
+    if (position)
+        position->QuadPart = moved;
+    return 1;
+}
+
+DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD from)
+{
+    LARGE_INTEGER wide{};
+    wide.QuadPart = distance;
+    if (distanceHigh)
+    {
+        wide.u.LowPart = static_cast<DWORD>(distance);
+        wide.u.HighPart = *distanceHigh;
+    }
+    LARGE_INTEGER position{};
+    if (!SetFilePointerEx(file, wide, &position, from))
+        return INVALID_SET_FILE_POINTER;
+    if (distanceHigh)
+        *distanceHigh = position.u.HighPart;
+    SetLastError(ERROR_SUCCESS);
+    return position.u.LowPart;
+}
+
+BOOL SetEndOfFile(HANDLE file)
+{
+    const int descriptor = DescriptorOf(file);
+    const off_t position = ::lseek(descriptor, 0, SEEK_CUR);
+    return position >= 0 && ::ftruncate(descriptor, position) == 0 ? 1 : FailWithErrno();
+}
+
+BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size)
+{
+    struct stat status{};
+    if (::fstat(DescriptorOf(file), &status) != 0)
+        return FailWithErrno();
+    size->QuadPart = status.st_size;
+    return 1;
+}
+
+BOOL DeleteFileW(LPCWSTR path)
+{
+    if (!IsCompletePath(path))
+        return Fail(ERROR_PATH_NOT_FOUND);
+    const std::string native = NativePath(path);
+    struct stat status{};
+    if (::lstat(native.c_str(), &status) != 0)
+        return FailOfPath(native);
+    // The system deletes no folder and no read-only file by this call.
+    if (S_ISDIR(status.st_mode) || (S_ISREG(status.st_mode) && !(status.st_mode & 0222)))
+        return Fail(ERROR_ACCESS_DENIED);
+    return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
+}
+
+BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags)
+{
+    if (!IsCompletePath(from) || !IsCompletePath(to))
+        return Fail(ERROR_PATH_NOT_FOUND);
+    const std::string source = NativePath(from);
+    const std::string target = NativePath(to);
+    const unsigned int renameFlags = flags & MOVEFILE_REPLACE_EXISTING ? 0 : RENAME_NOREPLACE;
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), renameFlags) == 0)
+        return 1;
+    if (errno == EEXIST)
+        return Fail(ERROR_ALREADY_EXISTS);
+    return FailOfPath(source);
+}
+
+DWORD GetFileAttributesW(LPCWSTR path)
+{
+    const auto failed = [](DWORD error) {
+        SetLastError(error);
+        return INVALID_FILE_ATTRIBUTES;
+    };
+    if (!IsCompletePath(path))
+        return failed(ERROR_PATH_NOT_FOUND);
+    const std::string native = NativePath(path);
+    struct stat status{};
+    if (::stat(native.c_str(), &status) != 0)
+        return failed(ErrorOfPath(errno, native));
+    const DWORD readOnly = status.st_mode & 0222 ? 0 : FILE_ATTRIBUTE_READONLY;
+    if (S_ISDIR(status.st_mode))
+        return FILE_ATTRIBUTE_DIRECTORY | readOnly;
+    return FILE_ATTRIBUTE_ARCHIVE | readOnly;
+}
+
+BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes)
+{
+    if (!IsCompletePath(path))
+        return Fail(ERROR_PATH_NOT_FOUND);
+    const std::string native = NativePath(path);
+    struct stat status{};
+    if (::stat(native.c_str(), &status) != 0)
+        return FailOfPath(native);
+    const mode_t mode = attributes & FILE_ATTRIBUTE_READONLY ? status.st_mode & ~0222u : status.st_mode | 0200u;
+    return ::chmod(native.c_str(), mode & 07777) == 0 ? 1 : FailOfPath(native);
+}
+
+DWORD GetFileType(HANDLE file)
+{
+    struct stat status{};
+    if (::fstat(DescriptorOf(file), &status) != 0)
+    {
+        SetLastError(ErrorFromErrno(errno));
+        return FILE_TYPE_UNKNOWN;
+    }
+    SetLastError(ERROR_SUCCESS);
+    if (S_ISREG(status.st_mode))
+        return FILE_TYPE_DISK;
+    return S_ISCHR(status.st_mode) ? FILE_TYPE_CHAR : FILE_TYPE_PIPE;
+}
+
+DWORD GetFinalPathNameByHandleW(HANDLE file, LPWSTR path, DWORD capacity, DWORD)
+{
+    const std::string link = "/proc/self/fd/" + std::to_string(DescriptorOf(file));
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(link.c_str(), target.data(), target.size());
+    if (length < 0)
+    {
+        SetLastError(ErrorFromErrno(errno));
+        return 0;
+    }
+    const std::wstring wide = WidePath({target.data(), static_cast<std::size_t>(length)});
+    if (capacity <= wide.size())
+        return static_cast<DWORD>(wide.size() + 1);
+    std::copy_n(wide.c_str(), wide.size() + 1, path);
+    return static_cast<DWORD>(wide.size());
+}
+
+BOOL ReplaceFileW(LPCWSTR replaced, LPCWSTR replacement, LPCWSTR, DWORD, LPVOID, LPVOID)
+{
+    if (!IsCompletePath(replaced) || !IsCompletePath(replacement))
+        return Fail(ERROR_PATH_NOT_FOUND);
+    const std::string target = NativePath(replaced);
+    const std::string source = NativePath(replacement);
+    struct stat status{};
+    if (::stat(target.c_str(), &status) != 0)
+        return FailOfPath(target);
+    if (::chmod(source.c_str(), status.st_mode & 07777) != 0 || ::rename(source.c_str(), target.c_str()) != 0)
+        return FailOfPath(source);
+    return 1;
+}
+
+DWORD GetCurrentProcessId()
+{
+    return static_cast<DWORD>(::getpid());
+}
