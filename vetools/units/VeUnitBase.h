@@ -10,6 +10,9 @@
 #include "vetools/units/UnitTypes.h"
 #include "vetools/units/ValueTextOptions.h"
 
+class CArchive;
+class CFile;
+
 /// One unit of measure and how values in it are shown.
 ///
 /// A unit is named by its unit id, the physical quantity (1 to 26, Unit::UNIT_ID), and its range, the unit within that
@@ -205,6 +208,30 @@ public:
     /// quantities than lengths leave the text.
     /// Kept: the single marks go before the composed ones, so the hyphen of 5'-11" stays.
     static void EliminateUnitsSymbol(unsigned int idUnit, CString& text);
+
+    // Persistence: what identifies the unit is stored; the rest comes from the catalogue on reading.
+
+    /// Writes the unit as a text block of 740 bytes in one go: id, range, precision, format, separator, title, name and
+    /// coefficient as fields of UTF-16LE text. Exponent, type, metrics factor and the trailing-zeros flag are not saved.
+    /// Throws the file's CFileException.
+    void Save(CFile& file) const;
+    /// Reads the block of 380 bytes of the oldest files: id, range, precision, title, name and coefficient.
+    ///
+    /// Both loaders take what the file delivers: a field that it ends before is empty, which is 0 as a number, and texts are
+    /// cut to their fields. Then the unit is refreshed from the catalogue, which replaces name, title, coefficient, type
+    /// and format of a known unit and sets the separator to the current one.
+    void Load(CFile& file);
+    /// Reads the block that Save writes; from version 1012 on, one of 840 bytes with a further field behind the precision,
+    /// which is ignored. A coefficient whose decimal mark is the separator saved beside it is understood as well.
+    void Load(CFile& file, unsigned int version);
+
+    /// Writes id, range, precision (32 bits each) and separator (16 bits). Throws CArchiveException* with the cause readOnly when
+    /// the archive loads.
+    friend VETOOLS_API CArchive& operator<<(CArchive& archive, CVeUnitBase& unit);
+    /// Reads what << wrote into a fresh unit and assigns it. Kept: the target's metrics factor becomes 1.0 and its trailing-zeros
+    /// flag 1, whatever they were, and its separator the current one. Throws CArchiveException* with the cause writeOnly
+    /// when the archive stores, endOfFile when the record is short; the target is left as it was then.
+    friend VETOOLS_API CArchive& operator>>(CArchive& archive, CVeUnitBase& unit);
 
     // Value text: declared with the unit, defined in valuetext/.
 

@@ -1,0 +1,167 @@
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <vector>
+
+#include "vetools/unitmanager/UnitSpellings.h"
+#include "vetools/unitmanager/VeUnitManager.h"
+
+namespace
+{
+
+constexpr bool CanMatch(std::wstring_view text)
+{
+    return std::none_of(text.begin(), text.end(),
+                        [](wchar_t character) { return character == L'/' || (character >= L'A' && character <= L'Z'); });
+}
+
+constexpr std::size_t LongestSpelling()
+{
+    std::size_t longest = 0;
+    for (const UnitSpellingRow& row : c_unitSpellings)
+        longest = std::max(longest, CanMatch(row.text) ? row.text.size() : 0);
+    return longest;
+}
+
+constexpr std::size_t c_longestSpelling = LongestSpelling();
+
+/// A hash table without collisions, made from the rows at compile time: the multiplier is searched that sends every
+/// spelling that can match to a slot of its own.
+class SpellingIndex
+{
+public:
+    constexpr SpellingIndex()
+    {
+        while (!Fill())
+            ++m_multiplier;
+    }
+
+    constexpr const UnitSpellingRow* Find(std::wstring_view text) const
+    {
+        const std::uint8_t slot = m_slots[SlotOf(text)];
+        if (slot == c_empty || c_unitSpellings[slot].text != text)
+            return nullptr;
+        return &c_unitSpellings[slot];
+    }
+
+private:
+    static constexpr std::size_t c_slotCount = 128;
+    static constexpr std::uint8_t c_empty = 0xFF;
+    static_assert(std::size(c_unitSpellings) < c_empty);
+
+    constexpr std::size_t SlotOf(std::wstring_view text) const
+    {
+        std::uint32_t hash = 0;
+        for (const wchar_t character : text)
+            hash = (hash + static_cast<std::uint32_t>(character)) * m_multiplier;
+        return (hash >> 16) % c_slotCount;
+    }
+
+    constexpr bool Fill()
+    {
+        m_slots.fill(c_empty);
+        for (std::size_t i = 0; i < std::size(c_unitSpellings); ++i)
+        {
+            if (!CanMatch(c_unitSpellings[i].text))
+                continue;
+            std::uint8_t& slot = m_slots[SlotOf(c_unitSpellings[i].text)];
+            if (slot != c_empty)
+                return false;
+            slot = static_cast<std::uint8_t>(i);
+        }
+        return true;
+    }
+
+    std::uint32_t m_multiplier = 0x9E3779B1;
+    std::array<std::uint8_t, c_slotCount> m_slots{};
+};
+
+constexpr SpellingIndex c_spellingIndex;
+
+/// The row of a text in any case; null when there is none.
+const UnitSpellingRow* FindSpelling(std::wstring_view text)
+{
+    if (text.size() > c_longestSpelling)
+        return nullptr;
+    std::array<wchar_t, c_longestSpelling> lower{};
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        const bool isAscii = text[i] < 0x80;
+        const bool isCapital = text[i] >= L'A' && text[i] <= L'Z';
+        if (!isAscii)
+        {
+            CString whole(text);
+            return c_spellingIndex.Find(whole.MakeLower().View());
+        }
+        lower[i] = isCapital ? static_cast<wchar_t>(text[i] - L'A' + L'a') : text[i];
+    }
+    return c_spellingIndex.Find({lower.data(), text.size()});
+}
+
+/// Kept: the range is set in a step of its own, so that a unit whose new id has no such range keeps the texts of the step
+/// before.
+void SetUnit(CVeUnitBase& unit, const UnitSpellingRow& row)
+{
+    unit.SetIdUnit(row.idUnit);
+    unit.SetRange(row.range);
+    unit.SetExponent(row.exponent);
+}
+
+/// The parts of a quotient: a/b/c has three. Empty when the text is none, or when one of its parts is no known unit.
+std::vector<const UnitSpellingRow*> ReadQuotient(std::wstring_view text)
+{
+    std::vector<const UnitSpellingRow*> parts;
+    for (;;)
+    {
+        const std::size_t slash = text.find(L'/');
+        const bool isLast = slash == std::wstring_view::npos;
+        const UnitSpellingRow* part = FindSpelling(text.substr(0, slash));
+        if (!part)
+            return {};
+        parts.push_back(part);
+        if (isLast)
+            return parts;
+        text.remove_prefix(slash + 1);
+    }
+}
+
+CVeUnitBase MakePart(const UnitSpellingRow& row)
+{
+    CVeUnitBase unit;
+    SetUnit(unit, row);
+    return unit;
+}
+
+/// a / (b / (c ...)): built from the last part to the first, however many there are.
+CVeUnitBase MakeQuotient(const std::vector<const UnitSpellingRow*>& parts)
+{
+    CVeUnitBase quotient = MakePart(*parts.back());
+    for (auto part = std::next(parts.rbegin()); part != parts.rend(); ++part)
+    {
+        CVeUnitBase numerator = MakePart(**part);
+        quotient = CVeUnitBase::MakeUnit(&numerator, 1, &quotient, -1, static_cast<CVeUnitBase*>(nullptr));
+    }
+    return quotient;
+}
+
+} // namespace
+
+CVeUnitManager::statusCode CVeUnitManager::UnitFromString(CString text, CVeUnit& out)
+{
+    if (text.IsEmpty())
+        return STATUS_EMPTY;
+    if (text.Find(L'/') < 0)
+    {
+        const UnitSpellingRow* row = FindSpelling(text.View());
+        if (!row)
+            return STATUS_UNKNOWN;
+        SetUnit(out, *row);
+        return STATUS_OK;
+    }
+    const std::vector<const UnitSpellingRow*> parts = ReadQuotient(text.View());
+    if (parts.empty())
+        return STATUS_UNKNOWN;
+    out = MakeQuotient(parts);
+    return STATUS_OK;
+}

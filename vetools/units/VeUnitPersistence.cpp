@@ -1,0 +1,186 @@
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "vetools/framework/CArchive.h"
+#include "vetools/framework/CFile.h"
+#include "vetools/framework/NumberText.h"
+#include "vetools/units/UnitRecord.h"
+#include "vetools/units/UnitSeparator.h"
+#include "vetools/units/VeUnitBase.h"
+
+namespace
+{
+
+using UnitRecord::Field;
+using UnitRecord::FieldRow;
+
+constexpr std::size_t c_largestBlock = UnitRecord::SizeOf(UnitRecord::c_block1012);
+
+/// What the fields of a block say.
+struct BlockContents
+{
+    unsigned int idUnit = 0;
+    unsigned int range = 0;
+    unsigned int precision = 0;
+    unsigned int unitFormat = 0;
+    wchar_t separator = 0;
+    std::wstring title;
+    std::wstring name;
+    std::wstring coefficient;
+};
+
+unsigned int ReadUnsigned(const std::wstring& text)
+{
+    // Written as signed numbers: 4294967295 is -1 in the file.
+    return static_cast<unsigned int>(ReadInteger(text));
+}
+
+/// Reads a block in one go. A field that the file does not deliver is empty.
+BlockContents ReadBlock(CFile& file, std::span<const FieldRow> rows)
+{
+    std::array<std::byte, c_largestBlock> bytes{};
+    file.Read(bytes.data(), static_cast<UINT>(UnitRecord::SizeOf(rows)));
+
+    BlockContents contents;
+    std::span<const std::byte> rest(bytes);
+    for (const FieldRow& row : rows)
+    {
+        std::wstring text = UnitRecord::ReadText(rest.first(row.size));
+        rest = rest.subspan(row.size);
+        switch (row.field)
+        {
+        case Field::IdUnit:
+            contents.idUnit = ReadUnsigned(text);
+            break;
+        case Field::Range:
+            contents.range = ReadUnsigned(text);
+            break;
+        case Field::Precision:
+            contents.precision = ReadUnsigned(text);
+            break;
+        case Field::Ignored:
+            break;
+        case Field::UnitFormat:
+            contents.unitFormat = ReadUnsigned(text);
+            break;
+        case Field::Separator:
+            contents.separator = text.empty() ? L'\0' : text.front();
+            break;
+        case Field::Title:
+            contents.title = std::move(text);
+            break;
+        case Field::Name:
+            contents.name = std::move(text);
+            break;
+        case Field::Coefficient:
+            contents.coefficient = std::move(text);
+            break;
+        }
+    }
+    return contents;
+}
+
+std::wstring IntegerText(unsigned int value)
+{
+    std::array<wchar_t, 12> text{};
+    return {text.data(), WriteInteger(text.data(), static_cast<int>(value))};
+}
+
+/// All the digits that tell one double from every other, and more: "%.33g".
+CString CoefficientText(double coefficient)
+{
+    CString text;
+    text.Format(L"%.33g", coefficient);
+    return text;
+}
+
+} // namespace
+
+void CVeUnitBase::Save(CFile& file) const
+{
+    std::array<std::byte, UnitRecord::SizeOf(UnitRecord::c_block)> bytes{};
+    std::span<std::byte> rest(bytes);
+    const auto write = [&rest](std::size_t size, std::wstring_view text) {
+        UnitRecord::WriteText(rest.first(size), text);
+        rest = rest.subspan(size);
+    };
+    for (const FieldRow& row : UnitRecord::c_block)
+    {
+        switch (row.field)
+        {
+        case Field::IdUnit:
+            write(row.size, IntegerText(IdUnit));
+            break;
+        case Field::Range:
+            write(row.size, IntegerText(Range));
+            break;
+        case Field::Precision:
+            write(row.size, IntegerText(Precision));
+            break;
+        case Field::Ignored:
+            break;
+        case Field::UnitFormat:
+            write(row.size, IntegerText(UnitFormat));
+            break;
+        case Field::Separator:
+            write(row.size, {&Sep, 1});
+            break;
+        case Field::Title:
+            write(row.size, Title);
+            break;
+        case Field::Name:
+            write(row.size, Name);
+            break;
+        case Field::Coefficient:
+            write(row.size, CoefficientText(Coef).View());
+            break;
+        }
+    }
+    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+}
+
+void CVeUnitBase::Load(CFile& file)
+{
+    const BlockContents contents = ReadBlock(file, UnitRecord::c_oldBlock);
+    IdUnit = contents.idUnit;
+    Range = contents.range;
+    Precision = contents.precision;
+    const wchar_t separator = CVeUnitSeparator::m_cSep;
+    SetUnitValues(contents.title.c_str(), contents.name.c_str(),
+                  UnitRecord::ReadCoefficient(contents.coefficient, separator, separator));
+    UpdateDataUnit(false);
+}
+
+void CVeUnitBase::Load(CFile& file, unsigned int version)
+{
+    const BlockContents contents = ReadBlock(file, UnitRecord::BlockOfVersion(version));
+    IdUnit = contents.idUnit;
+    Range = contents.range;
+    Precision = contents.precision;
+    UnitFormat = static_cast<Unit::enumUNITFORMAT>(contents.unitFormat);
+    SetUnitValues(contents.title.c_str(), contents.name.c_str(),
+                  UnitRecord::ReadCoefficient(contents.coefficient, contents.separator, CVeUnitSeparator::m_cSep));
+    UpdateDataUnit(false);
+}
+
+CArchive& operator<<(CArchive& archive, CVeUnitBase& unit)
+{
+    if (!archive.IsStoring())
+        AfxThrowArchiveException(CArchiveException::readOnly);
+    return archive << unit.IdUnit << unit.Range << unit.Precision << unit.Sep;
+}
+
+CArchive& operator>>(CArchive& archive, CVeUnitBase& unit)
+{
+    if (!archive.IsLoading())
+        AfxThrowArchiveException(CArchiveException::writeOnly);
+    unsigned int idUnit = 0;
+    unsigned int range = 0;
+    unsigned int precision = 0;
+    wchar_t separator = 0;
+    archive >> idUnit >> range >> precision >> separator;
+    // Kept: the target's metrics factor becomes 1.0 and its remove-trailing-zeroes flag 1, whatever they were.
+    unit = CVeUnitBase(idUnit, range, precision, separator, 1.0, 1);
+    return archive;
+}
