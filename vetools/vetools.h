@@ -2,13 +2,19 @@
 
 /// Everything that VeTools offers, for hosts that do not choose among the headers.
 
+#include "vetools/framework/CArchive.h"
+#include "vetools/framework/CCmdTarget.h"
 #include "vetools/framework/CException.h"
+#include "vetools/framework/CFile.h"
 #include "vetools/framework/CString.h"
 #include "vetools/framework/CStringArray.h"
 #include "vetools/framework/ModuleState.h"
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 #include "vetools/resources/VePrompts.h"
+#include "vetools/unitmanager/ComUnit.h"
+#include "vetools/unitmanager/VeCompositeUnit.h"
+#include "vetools/unitmanager/VeUnit.h"
 #include "vetools/unitmanager/VeUnitManager.h"
 #include "vetools/units/UnitSeparator.h"
 #include "vetools/units/UnitTypes.h"

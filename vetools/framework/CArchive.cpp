@@ -8,7 +8,7 @@ namespace
 
 constexpr int c_smallestBuffer = 128;
 
-} // namespace
+}  // namespace
 
 IMPLEMENT_DYNAMIC(CArchiveException, CException)
 

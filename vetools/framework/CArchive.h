@@ -16,9 +16,9 @@ public:
     {
         none = 0,
         genericException = 1,
-        readOnly = 2,  ///< writing into an archive that loads
-        endOfFile = 3, ///< reading past the end
-        writeOnly = 4, ///< reading from an archive that stores
+        readOnly = 2,   ///< writing into an archive that loads
+        endOfFile = 3,  ///< reading past the end
+        writeOnly = 4,  ///< reading from an archive that stores
         badIndex = 5,
         badClass = 6,
         badSchema = 7,
@@ -71,8 +71,7 @@ public:
 
     /// Writes the value's bytes, the lowest first: bool as one byte, wchar_t as 16 bits whatever its size here.
     template <typename Value>
-        requires std::is_arithmetic_v<Value>
-    CArchive& operator<<(Value value)
+    requires std::is_arithmetic_v<Value> CArchive& operator<<(Value value)
     {
         const auto stored = static_cast<Stored<Value>>(value);
         Write(&stored, sizeof stored);
@@ -81,8 +80,7 @@ public:
 
     /// Reads what << wrote. `value` keeps what it held when the file ends too early.
     template <typename Value>
-        requires std::is_arithmetic_v<Value>
-    CArchive& operator>>(Value& value)
+    requires std::is_arithmetic_v<Value> CArchive& operator>>(Value& value)
     {
         Stored<Value> stored{};
         if (Read(&stored, sizeof stored) != sizeof stored)
@@ -101,7 +99,7 @@ private:
     CFile* m_file;
     UINT m_mode;
     UINT m_capacity;
-    UINT m_used = 0;  ///< bytes in the buffer: read from the file, or to be written to it
-    UINT m_taken = 0; ///< when loading, how many of them were handed out
+    UINT m_used = 0;   ///< bytes in the buffer: read from the file, or to be written to it
+    UINT m_taken = 0;  ///< when loading, how many of them were handed out
     BYTE* m_buffer;
 };

@@ -82,7 +82,7 @@ DWORD DispositionOf(UINT flags)
     return flags & CFile::modeNoTruncate ? OPEN_ALWAYS : CREATE_ALWAYS;
 }
 
-} // namespace
+}  // namespace
 
 IMPLEMENT_DYNAMIC(CFileException, CException)
 IMPLEMENT_DYNAMIC(CFile, CObject)
@@ -97,9 +97,9 @@ CFileException::CFileException(int cause, LONG osError, const wchar_t* fileName)
 
 int CFileException::OsErrorToException(LONG osError)
 {
-    const auto found = std::find_if(std::begin(c_errorCauses), std::end(c_errorCauses), [osError](const ErrorCause& row) {
-        return row.error == static_cast<DWORD>(osError);
-    });
+    const auto found =
+        std::find_if(std::begin(c_errorCauses), std::end(c_errorCauses),
+                     [osError](const ErrorCause& row) { return row.error == static_cast<DWORD>(osError); });
     return found == std::end(c_errorCauses) ? genericException : found->cause;
 }
 
@@ -317,9 +317,7 @@ void CMemFile::SetLength(ULONGLONG length)
     m_storage->position = m_storage->bytes.size();
 }
 
-void CMemFile::Flush()
-{
-}
+void CMemFile::Flush() {}
 
 void CMemFile::Close()
 {

@@ -57,15 +57,15 @@ public:
         modeRead = 0x0000,
         modeWrite = 0x0001,
         modeReadWrite = 0x0002,
-        shareCompat = 0x0000,    ///< as shareExclusive
-        shareExclusive = 0x0010, ///< nobody else may open the file meanwhile
-        shareDenyWrite = 0x0020, ///< others may read
-        shareDenyRead = 0x0030,  ///< others may write
-        shareDenyNone = 0x0040,  ///< others may read and write
+        shareCompat = 0x0000,     ///< as shareExclusive
+        shareExclusive = 0x0010,  ///< nobody else may open the file meanwhile
+        shareDenyWrite = 0x0020,  ///< others may read
+        shareDenyRead = 0x0030,   ///< others may write
+        shareDenyNone = 0x0040,   ///< others may read and write
         modeNoInherit = 0x0080,
-        modeCreate = 0x1000,     ///< created when missing, emptied when it exists
-        modeNoTruncate = 0x2000, ///< with modeCreate: an existing file keeps its contents
-        typeText = 0x4000,       ///< accepted; the bytes are not translated
+        modeCreate = 0x1000,      ///< created when missing, emptied when it exists
+        modeNoTruncate = 0x2000,  ///< with modeCreate: an existing file keeps its contents
+        typeText = 0x4000,        ///< accepted; the bytes are not translated
         typeBinary = 0x8000,
     };
 
@@ -112,7 +112,7 @@ public:
     /// The path as it was given to Open; empty when no file is open.
     virtual CString GetFilePath() const;
 
-    HANDLE m_hFile; ///< INVALID_HANDLE_VALUE when no file is open
+    HANDLE m_hFile;  ///< INVALID_HANDLE_VALUE when no file is open
 
 protected:
     CString m_strFileName;

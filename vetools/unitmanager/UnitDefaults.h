@@ -10,7 +10,7 @@ struct DisplayUnitRow
 {
     unsigned int idUnit;
     unsigned int range;
-    unsigned int precision; ///< decimals
+    unsigned int precision;  ///< decimals
 };
 
 constexpr unsigned int c_unitIdCount = 26;

@@ -27,10 +27,12 @@ const UnitSystemRow* FindSystem(Matches matches)
 
 const UnitSystemRow* SystemOfFactor(double f)
 {
-    return FindSystem([f](const UnitSystemRow& row) {
-        const double difference = f - row.metricsFactor;
-        return difference * difference <= c_squaredTolerance;
-    });
+    return FindSystem(
+        [f](const UnitSystemRow& row)
+        {
+            const double difference = f - row.metricsFactor;
+            return difference * difference <= c_squaredTolerance;
+        });
 }
 
 const UnitSystemRow* SystemOfCode(int code)
@@ -54,7 +56,7 @@ void CopyText(wchar_t (&target)[size], const wchar_t* text)
     target[length] = L'\0';
 }
 
-} // namespace
+}  // namespace
 
 CVeCompositeUnit::~CVeCompositeUnit() = default;
 
@@ -169,11 +171,9 @@ CString CVeUnitManager::GetNameStyleUnit()
 
 void CVeUnitManager::SetDefaultValues()
 {
+    // Kept: units that stand there already are not deleted.
     for (std::size_t i = 0; i < std::size(m_units); ++i)
-    {
-        delete m_units[i];
         m_units[i] = MakeUnit(c_initialUnits[i]);
-    }
 }
 
 CVeUnit* CVeUnitManager::GetDefaultUnitPtr(unsigned int idUnit)

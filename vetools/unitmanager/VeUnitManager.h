@@ -26,9 +26,9 @@ public:
     /// What UnitFromString made of a text.
     enum statusCode
     {
-        STATUS_OK = 0,      ///< recognised; the unit has been set
-        STATUS_EMPTY = 1,   ///< the text is empty; the unit is untouched
-        STATUS_UNKNOWN = 2, ///< the text, or one side of a quotient, is no known unit; the unit is untouched
+        STATUS_OK = 0,       ///< recognised; the unit has been set
+        STATUS_EMPTY = 1,    ///< the text is empty; the unit is untouched
+        STATUS_UNKNOWN = 2,  ///< the text, or one side of a quotient, is no known unit; the unit is untouched
     };
 
     /// The initial units (see SetDefaultValues), metrics factor 1.0, no paths, no composites.
@@ -38,7 +38,8 @@ public:
     /// one for the whole process and `metricsFactor` this manager's. When `load` is not 0, the style `name` is loaded from
     /// `folder` (with its trailing path separator) and `extension` (with its dot); a missing file changes nothing.
     /// The texts are cut to 259 (folder, name) and 255 (extension) characters; null stands for an empty text.
-    CVeUnitManager(wchar_t* folder, wchar_t* name, wchar_t* extension, wchar_t separator, double metricsFactor, int load);
+    CVeUnitManager(wchar_t* folder, wchar_t* name, wchar_t* extension, wchar_t separator, double metricsFactor,
+                   int load);
 
     /// A deep copy of paths, metrics factor and units. Composites are not copied: they belong to the other manager. A null
     /// pointer gives what the default constructor does.
@@ -79,8 +80,9 @@ public:
 
     // --- defaults ----------------------------------------------------------------------------------------------------
 
-    /// Makes the 26 initial units: current separator, metrics factor 1.0, trailing zeros removed. Units that the manager
-    /// already had are replaced.
+    /// Makes the 26 initial units: current separator, metrics factor 1.0, trailing zeros removed. What the constructors
+    /// call; a manager that has its units is reset by LoadDefaultUnits.
+    /// Kept: units that the manager had are not deleted. They belong to whoever holds their addresses from then on.
     void SetDefaultValues();
 
     /// The default unit of `idUnit`; a default-made unit (the metre) for an id outside 1 to 26. Not the same set as the

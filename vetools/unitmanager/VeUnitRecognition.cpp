@@ -2,7 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <iterator>
-#include <vector>
+#include <optional>
 
 #include "vetools/unitmanager/UnitSpellings.h"
 #include "vetools/unitmanager/VeUnitManager.h"
@@ -13,7 +13,8 @@ namespace
 constexpr bool CanMatch(std::wstring_view text)
 {
     return std::none_of(text.begin(), text.end(),
-                        [](wchar_t character) { return character == L'/' || (character >= L'A' && character <= L'Z'); });
+                        [](wchar_t character)
+                        { return character == L'/' || (character >= L'A' && character <= L'Z'); });
 }
 
 constexpr std::size_t LongestSpelling()
@@ -108,44 +109,35 @@ void SetUnit(CVeUnitBase& unit, const UnitSpellingRow& row)
     unit.SetExponent(row.exponent);
 }
 
-/// The parts of a quotient: a/b/c has three. Empty when the text is none, or when one of its parts is no known unit.
-std::vector<const UnitSpellingRow*> ReadQuotient(std::wstring_view text)
+/// A unit made afresh from a spelling; nothing when it is unknown.
+std::optional<CVeUnitBase> MakeUnit(std::wstring_view spelling)
 {
-    std::vector<const UnitSpellingRow*> parts;
-    for (;;)
-    {
-        const std::size_t slash = text.find(L'/');
-        const bool isLast = slash == std::wstring_view::npos;
-        const UnitSpellingRow* part = FindSpelling(text.substr(0, slash));
-        if (!part)
-            return {};
-        parts.push_back(part);
-        if (isLast)
-            return parts;
-        text.remove_prefix(slash + 1);
-    }
-}
-
-CVeUnitBase MakePart(const UnitSpellingRow& row)
-{
-    CVeUnitBase unit;
-    SetUnit(unit, row);
+    const UnitSpellingRow* const row = FindSpelling(spelling);
+    if (!row)
+        return std::nullopt;
+    std::optional<CVeUnitBase> unit(std::in_place);
+    SetUnit(*unit, *row);
     return unit;
 }
 
-/// a / (b / (c ...)): built from the last part to the first, however many there are.
-CVeUnitBase MakeQuotient(const std::vector<const UnitSpellingRow*>& parts)
+/// a / (b / (c ...)): taken from the last part to the first, however many there are. Nothing when one of them is unknown.
+std::optional<CVeUnitBase> MakeQuotient(std::wstring_view text)
 {
-    CVeUnitBase quotient = MakePart(*parts.back());
-    for (auto part = std::next(parts.rbegin()); part != parts.rend(); ++part)
+    std::size_t slash = text.rfind(L'/');
+    std::optional<CVeUnitBase> quotient = MakeUnit(text.substr(slash + 1));
+    while (quotient && slash != std::wstring_view::npos)
     {
-        CVeUnitBase numerator = MakePart(**part);
-        quotient = CVeUnitBase::MakeUnit(&numerator, 1, &quotient, -1, static_cast<CVeUnitBase*>(nullptr));
+        text = text.substr(0, slash);
+        slash = text.rfind(L'/');
+        std::optional<CVeUnitBase> numerator = MakeUnit(text.substr(slash + 1));
+        if (!numerator)
+            return std::nullopt;
+        quotient = CVeUnitBase::MakeUnit(&*numerator, 1, &*quotient, -1, static_cast<CVeUnitBase*>(nullptr));
     }
     return quotient;
 }
 
-} // namespace
+}  // namespace
 
 CVeUnitManager::statusCode CVeUnitManager::UnitFromString(CString text, CVeUnit& out)
 {
@@ -159,9 +151,9 @@ CVeUnitManager::statusCode CVeUnitManager::UnitFromString(CString text, CVeUnit&
         SetUnit(out, *row);
         return STATUS_OK;
     }
-    const std::vector<const UnitSpellingRow*> parts = ReadQuotient(text.View());
-    if (parts.empty())
+    const std::optional<CVeUnitBase> quotient = MakeQuotient(text.View());
+    if (!quotient)
         return STATUS_UNKNOWN;
-    out = MakeQuotient(parts);
+    out = *quotient;
     return STATUS_OK;
 }

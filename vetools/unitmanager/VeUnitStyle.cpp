@@ -11,8 +11,8 @@ namespace
 {
 
 constexpr int c_currentVersion = 1002;
-constexpr int c_lastVersionWithoutLastUnits = 1001; ///< files up to this one have no records of the ids 22 to 26
-constexpr int c_lastOldVersion = 1000;              ///< of these, each loader skips ids of its own as well
+constexpr int c_lastVersionWithoutLastUnits = 1001;  ///< files up to this one have no records of the ids 22 to 26
+constexpr int c_lastOldVersion = 1000;               ///< of these, each loader skips ids of its own as well
 constexpr unsigned int c_firstOfLastUnits = 22;
 
 constexpr std::size_t c_headerSize = 40;
@@ -32,7 +32,7 @@ int ReadHeader(CFile& file)
 {
     std::array<std::byte, c_headerSize> header{};
     file.Read(header.data(), static_cast<UINT>(header.size()));
-    return ReadInteger(UnitRecord::ReadText(header));
+    return ReadInteger(UnitRecord::FieldText(header).View());
 }
 
 /// Whether a file of this version has a record for an id. `isInOldFiles` says so for the loader's oldest files.
@@ -43,7 +43,7 @@ bool HasRecord(unsigned int idUnit, int version, bool isInOldFiles)
     return isInOldFiles || version > c_lastOldVersion;
 }
 
-} // namespace
+}  // namespace
 
 CString CVeUnitManager::StylePath() const
 {
@@ -93,7 +93,8 @@ int CVeUnitManager::LoadStyleUnit(const wchar_t* name)
 {
     SetNameStyleUnit(name);
     // Kept: of the oldest files this loader skips the ids 13 and 14, the other one the id 12.
-    ReadStyle([](unsigned int idUnit, int version) { return HasRecord(idUnit, version, idUnit != 13 && idUnit != 14); });
+    ReadStyle([](unsigned int idUnit, int version)
+              { return HasRecord(idUnit, version, idUnit != 13 && idUnit != 14); });
     for (CVeUnit* unit : m_units)
     {
         if (unit)

@@ -28,36 +28,38 @@ std::uint32_t ReadUnit(std::span<const std::byte> field, std::size_t index)
 
 bool IsPair(std::uint32_t high, std::uint32_t low)
 {
-    return high >= c_firstSurrogate && high < c_firstLowSurrogate && low >= c_firstLowSurrogate && low <= c_lastSurrogate;
+    return high >= c_firstSurrogate && high < c_firstLowSurrogate && low >= c_firstLowSurrogate &&
+           low <= c_lastSurrogate;
 }
 
 /// A number with '.' or `separator` as decimal mark; `isWhole` says whether the number was all of the text.
-double ReadNumber(std::wstring text, wchar_t separator, bool& isWhole)
+double ReadNumber(UnitRecord::FieldText text, wchar_t separator, bool& isWhole)
 {
     std::size_t consumed = 0;
-    double value = ReadDouble(text, &consumed);
-    if (consumed < text.size() && text[consumed] == separator)
+    double value = ReadDouble(text.View(), &consumed);
+    const std::size_t length = text.View().size();
+    if (consumed < length && text.View()[consumed] == separator)
     {
-        text[consumed] = L'.';
-        value = ReadDouble(text, &consumed);
+        text.SetAt(consumed, L'.');
+        value = ReadDouble(text.View(), &consumed);
     }
-    isWhole = consumed == text.size();
+    isWhole = consumed == length;
     return value;
 }
 
-} // namespace
+}  // namespace
 
 void UnitRecord::WriteText(std::span<std::byte> field, std::wstring_view text)
 {
     std::fill(field.begin(), field.end(), std::byte{0});
-    const std::size_t places = field.size() / 2 - 1;
+    const std::size_t places = field.size() / c_placeSize - 1;
     std::size_t index = 0;
     for (std::size_t i = 0; i < text.size() && index < places; ++i)
     {
         const auto character = static_cast<std::uint32_t>(text[i]);
         const bool needsPair = c_wideHoldsCharacters && character >= c_firstSupplementary;
-        const bool startsPair = !c_wideHoldsCharacters && i + 1 < text.size() &&
-                                IsPair(character, static_cast<std::uint32_t>(text[i + 1]));
+        const bool startsPair =
+            !c_wideHoldsCharacters && i + 1 < text.size() && IsPair(character, static_cast<std::uint32_t>(text[i + 1]));
         if ((needsPair || startsPair) && index + 1 == places)
             break;
         if (!needsPair)
@@ -71,10 +73,9 @@ void UnitRecord::WriteText(std::span<std::byte> field, std::wstring_view text)
     }
 }
 
-std::wstring UnitRecord::ReadText(std::span<const std::byte> field)
+UnitRecord::FieldText::FieldText(std::span<const std::byte> field)
 {
-    std::wstring text;
-    const std::size_t places = field.size() / 2 - 1;
+    const std::size_t places = std::min(field.size(), c_largestField) / c_placeSize;
     for (std::size_t index = 0; index < places; ++index)
     {
         const std::uint32_t unit = ReadUnit(field, index);
@@ -83,22 +84,28 @@ std::wstring UnitRecord::ReadText(std::span<const std::byte> field)
         const std::uint32_t next = index + 1 < places ? ReadUnit(field, index + 1) : 0;
         if (c_wideHoldsCharacters && IsPair(unit, next))
         {
-            text += static_cast<wchar_t>(c_firstSupplementary + ((unit - c_firstSurrogate) << 10) +
-                                         (next - c_firstLowSurrogate));
+            m_characters[m_length++] = static_cast<wchar_t>(c_firstSupplementary + ((unit - c_firstSurrogate) << 10) +
+                                                            (next - c_firstLowSurrogate));
             ++index;
             continue;
         }
-        text += static_cast<wchar_t>(unit);
+        m_characters[m_length++] = static_cast<wchar_t>(unit);
     }
-    return text;
 }
 
-double UnitRecord::ReadCoefficient(std::wstring text, wchar_t savedSeparator, wchar_t currentSeparator)
+bool UnitRecord::FieldText::Replace(wchar_t from, wchar_t to)
+{
+    const auto end = m_characters.begin() + static_cast<std::ptrdiff_t>(m_length);
+    const auto first = std::find(m_characters.begin(), end, from);
+    std::replace(first, end, from, to);
+    return first != end;
+}
+
+double UnitRecord::ReadCoefficient(FieldText text, wchar_t savedSeparator, wchar_t currentSeparator)
 {
     bool isWhole = false;
     const double value = ReadNumber(text, currentSeparator, isWhole);
-    if (isWhole || savedSeparator == currentSeparator || text.find(savedSeparator) == std::wstring::npos)
+    if (isWhole || savedSeparator == currentSeparator || !text.Replace(savedSeparator, currentSeparator))
         return value;
-    std::replace(text.begin(), text.end(), savedSeparator, currentSeparator);
-    return ReadNumber(std::move(text), currentSeparator, isWhole);
+    return ReadNumber(text, currentSeparator, isWhole);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 /// The fields of a unit's text block in a file (internal): texts in UTF-16LE, each in a field of fixed size, ended by a
@@ -16,7 +16,7 @@ enum class Field
     IdUnit,
     Range,
     Precision,
-    Ignored, ///< read and dropped; nothing is known of its meaning
+    Ignored,  ///< read and dropped; nothing is known of its meaning
     UnitFormat,
     Separator,
     Title,
@@ -27,7 +27,7 @@ enum class Field
 struct FieldRow
 {
     Field field;
-    std::size_t size; ///< in bytes
+    std::size_t size;  ///< in bytes
 };
 
 // clang-format off
@@ -93,12 +93,34 @@ constexpr std::span<const FieldRow> BlockOfVersion(unsigned int version)
 /// never cut in half.
 void WriteText(std::span<std::byte> field, std::wstring_view text);
 
-/// The text of a field, up to the zero or, without one, all but the last place of the field.
-std::wstring ReadText(std::span<const std::byte> field);
+/// The bytes of a character in a field.
+constexpr std::size_t c_placeSize = 2;
+
+/// What a field says, without memory of its own from the heap.
+class FieldText
+{
+public:
+    /// The text of a field up to its zero; all of the field when it has none. Two places that make one character beyond
+    /// 16 bits are read as what holds that character here.
+    explicit FieldText(std::span<const std::byte> field = {});
+
+    std::wstring_view View() const { return {m_characters.data(), m_length}; }
+    const wchar_t* GetString() const { return m_characters.data(); }
+
+    /// Puts one character in the place of another, wherever that occurs, and returns whether it did.
+    bool Replace(wchar_t from, wchar_t to);
+    void SetAt(std::size_t index, wchar_t character) { m_characters[index] = character; }
+
+private:
+    static constexpr std::size_t c_largestField = 100;
+
+    std::array<wchar_t, c_largestField / c_placeSize + 1> m_characters{};
+    std::size_t m_length = 0;
+};
 
 /// The coefficient that a field's text stands for: a number with '.' or with the current separator as its decimal
 /// mark. When the text is not a number as it stands, every `savedSeparator` in it is read as the current one, so a
 /// file saved where ',' was current is read where '.' is, and back.
-double ReadCoefficient(std::wstring text, wchar_t savedSeparator, wchar_t currentSeparator);
+double ReadCoefficient(FieldText text, wchar_t savedSeparator, wchar_t currentSeparator);
 
-} // namespace UnitRecord
+}  // namespace UnitRecord

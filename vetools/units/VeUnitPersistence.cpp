@@ -1,6 +1,4 @@
-#include <algorithm>
 #include <array>
-#include <vector>
 
 #include "vetools/framework/CArchive.h"
 #include "vetools/framework/CFile.h"
@@ -14,6 +12,7 @@ namespace
 
 using UnitRecord::Field;
 using UnitRecord::FieldRow;
+using UnitRecord::FieldText;
 
 constexpr std::size_t c_largestBlock = UnitRecord::SizeOf(UnitRecord::c_block1012);
 
@@ -25,15 +24,21 @@ struct BlockContents
     unsigned int precision = 0;
     unsigned int unitFormat = 0;
     wchar_t separator = 0;
-    std::wstring title;
-    std::wstring name;
-    std::wstring coefficient;
+    FieldText title;
+    FieldText name;
+    FieldText coefficient;
 };
 
-unsigned int ReadUnsigned(const std::wstring& text)
+unsigned int ReadUnsigned(std::span<const std::byte> field)
 {
     // Written as signed numbers: 4294967295 is -1 in the file.
-    return static_cast<unsigned int>(ReadInteger(text));
+    return static_cast<unsigned int>(ReadInteger(FieldText(field).View()));
+}
+
+/// A title or name, cut as the unit's buffers are: the last place of the field is the terminator's.
+FieldText ReadTerminated(std::span<const std::byte> field)
+{
+    return FieldText(field.first(field.size() - UnitRecord::c_placeSize));
 }
 
 /// Reads a block in one go. A field that the file does not deliver is empty.
@@ -46,45 +51,45 @@ BlockContents ReadBlock(CFile& file, std::span<const FieldRow> rows)
     std::span<const std::byte> rest(bytes);
     for (const FieldRow& row : rows)
     {
-        std::wstring text = UnitRecord::ReadText(rest.first(row.size));
+        const std::span<const std::byte> field = rest.first(row.size);
         rest = rest.subspan(row.size);
         switch (row.field)
         {
         case Field::IdUnit:
-            contents.idUnit = ReadUnsigned(text);
+            contents.idUnit = ReadUnsigned(field);
             break;
         case Field::Range:
-            contents.range = ReadUnsigned(text);
+            contents.range = ReadUnsigned(field);
             break;
         case Field::Precision:
-            contents.precision = ReadUnsigned(text);
+            contents.precision = ReadUnsigned(field);
             break;
         case Field::Ignored:
             break;
         case Field::UnitFormat:
-            contents.unitFormat = ReadUnsigned(text);
+            contents.unitFormat = ReadUnsigned(field);
             break;
         case Field::Separator:
-            contents.separator = text.empty() ? L'\0' : text.front();
+            contents.separator = *FieldText(field).GetString();
             break;
         case Field::Title:
-            contents.title = std::move(text);
+            contents.title = ReadTerminated(field);
             break;
         case Field::Name:
-            contents.name = std::move(text);
+            contents.name = ReadTerminated(field);
             break;
         case Field::Coefficient:
-            contents.coefficient = std::move(text);
+            contents.coefficient = FieldText(field);
             break;
         }
     }
     return contents;
 }
 
-std::wstring IntegerText(unsigned int value)
+void WriteNumber(std::span<std::byte> field, unsigned int value)
 {
-    std::array<wchar_t, 12> text{};
-    return {text.data(), WriteInteger(text.data(), static_cast<int>(value))};
+    std::array<wchar_t, 11> text;  // -2147483648
+    UnitRecord::WriteText(field, {text.data(), WriteInteger(text.data(), static_cast<int>(value))});
 }
 
 /// All the digits that tell one double from every other, and more: "%.33g".
@@ -95,45 +100,43 @@ CString CoefficientText(double coefficient)
     return text;
 }
 
-} // namespace
+}  // namespace
 
 void CVeUnitBase::Save(CFile& file) const
 {
     std::array<std::byte, UnitRecord::SizeOf(UnitRecord::c_block)> bytes{};
     std::span<std::byte> rest(bytes);
-    const auto write = [&rest](std::size_t size, std::wstring_view text) {
-        UnitRecord::WriteText(rest.first(size), text);
-        rest = rest.subspan(size);
-    };
     for (const FieldRow& row : UnitRecord::c_block)
     {
+        const std::span<std::byte> field = rest.first(row.size);
+        rest = rest.subspan(row.size);
         switch (row.field)
         {
         case Field::IdUnit:
-            write(row.size, IntegerText(IdUnit));
+            WriteNumber(field, IdUnit);
             break;
         case Field::Range:
-            write(row.size, IntegerText(Range));
+            WriteNumber(field, Range);
             break;
         case Field::Precision:
-            write(row.size, IntegerText(Precision));
+            WriteNumber(field, Precision);
             break;
         case Field::Ignored:
             break;
         case Field::UnitFormat:
-            write(row.size, IntegerText(UnitFormat));
+            WriteNumber(field, UnitFormat);
             break;
         case Field::Separator:
-            write(row.size, {&Sep, 1});
+            UnitRecord::WriteText(field, {&Sep, 1});
             break;
         case Field::Title:
-            write(row.size, Title);
+            UnitRecord::WriteText(field, Title);
             break;
         case Field::Name:
-            write(row.size, Name);
+            UnitRecord::WriteText(field, Name);
             break;
         case Field::Coefficient:
-            write(row.size, CoefficientText(Coef).View());
+            UnitRecord::WriteText(field, CoefficientText(Coef).View());
             break;
         }
     }
@@ -147,7 +150,7 @@ void CVeUnitBase::Load(CFile& file)
     Range = contents.range;
     Precision = contents.precision;
     const wchar_t separator = CVeUnitSeparator::m_cSep;
-    SetUnitValues(contents.title.c_str(), contents.name.c_str(),
+    SetUnitValues(contents.title.GetString(), contents.name.GetString(),
                   UnitRecord::ReadCoefficient(contents.coefficient, separator, separator));
     UpdateDataUnit(false);
 }
@@ -159,7 +162,7 @@ void CVeUnitBase::Load(CFile& file, unsigned int version)
     Range = contents.range;
     Precision = contents.precision;
     UnitFormat = static_cast<Unit::enumUNITFORMAT>(contents.unitFormat);
-    SetUnitValues(contents.title.c_str(), contents.name.c_str(),
+    SetUnitValues(contents.title.GetString(), contents.name.GetString(),
                   UnitRecord::ReadCoefficient(contents.coefficient, contents.separator, CVeUnitSeparator::m_cSep));
     UpdateDataUnit(false);
 }

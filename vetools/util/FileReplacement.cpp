@@ -15,11 +15,18 @@ public:
     explicit AsideFile(const CString& path)
     {
         const int folderLength = std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/')) + 1;
-        for (unsigned int attempt = 0; attempt < c_attempts && !IsOpen(); ++attempt)
+        for (unsigned int attempt = 0; attempt < c_attempts; ++attempt)
         {
             m_path.Format(L"%s~ve%u-%u.tmp", path.Left(folderLength).GetString(), ::GetCurrentProcessId(), attempt);
-            m_file.m_hFile = ::CreateFileW(m_path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+            m_file.m_hFile =
+                ::CreateFileW(m_path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+            if (IsOpen())
+                return;
+            // Another program's, or left by one that died: not ours to delete.
+            if (::GetLastError() != ERROR_FILE_EXISTS)
+                break;
         }
+        m_path.Empty();
     }
 
     AsideFile(const AsideFile&) = delete;
@@ -44,8 +51,8 @@ public:
     /// False when the system refuses; both files are as they were then.
     bool TakePlaceOf(const CString& path, bool exists)
     {
-        const bool done = exists ? ::ReplaceFileW(path, m_path, nullptr, 0, nullptr, nullptr)
-                                 : ::MoveFileExW(m_path, path, 0);
+        const bool done =
+            exists ? ::ReplaceFileW(path, m_path, nullptr, 0, nullptr, nullptr) : ::MoveFileExW(m_path, path, 0);
         if (done)
             m_path.Empty();
         return done;
@@ -65,12 +72,13 @@ CString FinalPath(const CFile& file)
     const DWORD capacity = ::GetFinalPathNameByHandleW(file.m_hFile, nullptr, 0, 0);
     if (capacity == 0)
         return path;
-    const DWORD length = ::GetFinalPathNameByHandleW(file.m_hFile, path.GetBuffer(static_cast<int>(capacity)), capacity, 0);
+    const DWORD length =
+        ::GetFinalPathNameByHandleW(file.m_hFile, path.GetBuffer(static_cast<int>(capacity)), capacity, 0);
     path.ReleaseBufferSetLength(length < capacity ? static_cast<int>(length) : 0);
     return path;
 }
 
-} // namespace
+}  // namespace
 
 bool ReplaceFileContents(const wchar_t* path, const void* bytes, UINT size)
 {

@@ -47,7 +47,7 @@ constexpr ErrnoRow c_errnoRows[] = {
 };
 // clang-format on
 
-} // namespace
+}  // namespace
 
 DWORD ErrorFromErrno(int number)
 {

@@ -24,8 +24,8 @@ struct OpenFile
     int descriptor;
     dev_t device;
     ino_t inode;
-    DWORD access; ///< FILE_SHARE_READ | FILE_SHARE_WRITE for what it does itself
-    DWORD share;  ///< the same bits for what it lets others do
+    DWORD access;  ///< FILE_SHARE_READ | FILE_SHARE_WRITE for what it does itself
+    DWORD share;   ///< the same bits for what it lets others do
 };
 
 std::mutex s_openFilesGuard;
@@ -54,6 +54,14 @@ BOOL FailWithErrno()
     return Fail(ErrorFromErrno(errno));
 }
 
+/// As FailWithErrno; a handle that is open, but not for what is asked of it, is refused rather than invalid.
+BOOL FailOfTransfer(int descriptor)
+{
+    const int number = errno;
+    const bool isOpen = number == EBADF && ::fcntl(descriptor, F_GETFD) >= 0;
+    return Fail(isOpen ? ERROR_ACCESS_DENIED : ErrorFromErrno(number));
+}
+
 /// A missing file and a missing folder are one error here and two there: the folder decides.
 DWORD ErrorOfPath(int number, const std::string& path)
 {
@@ -62,7 +70,9 @@ DWORD ErrorOfPath(int number, const std::string& path)
     const std::size_t slash = path.find_last_of('/');
     if (slash == std::string::npos)
         return ERROR_FILE_NOT_FOUND;
-    struct stat status{};
+    struct stat status
+    {
+    };
     const std::string folder = slash == 0 ? "/" : path.substr(0, slash);
     return ::stat(folder.c_str(), &status) == 0 ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
 }
@@ -80,10 +90,31 @@ DWORD UsedAccess(DWORD access)
 
 bool IsShared(const OpenFile& opened)
 {
-    return std::all_of(s_openFiles.begin(), s_openFiles.end(), [&opened](const OpenFile& other) {
-        const bool isSameFile = other.device == opened.device && other.inode == opened.inode;
-        return !isSameFile || ((opened.access & ~other.share) == 0 && (other.access & ~opened.share) == 0);
-    });
+    return std::all_of(s_openFiles.begin(), s_openFiles.end(),
+                       [&opened](const OpenFile& other)
+                       {
+                           const bool isSameFile = other.device == opened.device && other.inode == opened.inode;
+                           return !isSameFile ||
+                                  ((opened.access & ~other.share) == 0 && (other.access & ~opened.share) == 0);
+                       });
+}
+
+/// Whether every handle that the file is open by lets others delete it.
+bool MayDelete(const struct stat& status)
+{
+    const std::lock_guard guard(s_openFilesGuard);
+    return std::all_of(s_openFiles.begin(), s_openFiles.end(),
+                       [&status](const OpenFile& opened)
+                       {
+                           const bool isSameFile = opened.device == status.st_dev && opened.inode == status.st_ino;
+                           return !isSameFile || (opened.share & FILE_SHARE_DELETE);
+                       });
+}
+
+/// A file that nobody may write: it is refused to everybody, also to the user whom the system's rights don't bind.
+bool IsReadOnly(const struct stat& status)
+{
+    return S_ISREG(status.st_mode) && !(status.st_mode & 0222);
 }
 
 int OpenFlags(DWORD access)
@@ -97,16 +128,16 @@ int OpenFlags(DWORD access)
 /// Opens an existing file, or creates it where the disposition allows: -1 with errno set when neither succeeds.
 int OpenByDisposition(const char* path, int flags, DWORD disposition, mode_t mode, bool& existed)
 {
-    existed = true;
-    if (disposition != CREATE_NEW)
-    {
-        const int descriptor = ::open(path, flags);
-        const bool mayCreate = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
-        if (descriptor >= 0 || errno != ENOENT || !mayCreate)
-            return descriptor;
-    }
     existed = false;
-    return ::open(path, flags | O_CREAT | O_EXCL, mode);
+    if (disposition == CREATE_NEW)
+        return ::open(path, flags | O_CREAT | O_EXCL, mode);
+    const int descriptor = ::open(path, flags);
+    const bool mayCreate = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
+    existed = descriptor >= 0;
+    if (existed || errno != ENOENT || !mayCreate)
+        return descriptor;
+    // Not exclusively: the path may be a link to a file that is missing.
+    return ::open(path, flags | O_CREAT, mode);
 }
 
 bool IsCompletePath(LPCWSTR path)
@@ -114,11 +145,12 @@ bool IsCompletePath(LPCWSTR path)
     return path && *path;
 }
 
-} // namespace
+}  // namespace
 
 HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposition, DWORD flagsAndAttributes, HANDLE)
 {
-    const auto failed = [](DWORD error) {
+    const auto failed = [](DWORD error)
+    {
         SetLastError(error);
         return INVALID_HANDLE_VALUE;
     };
@@ -134,19 +166,20 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposi
     bool existed = false;
     const int descriptor = OpenByDisposition(native.c_str(), OpenFlags(access), disposition, mode, existed);
     if (descriptor < 0)
-        return failed(ErrorOfPath(errno, native));
+        return failed(errno == EEXIST ? ERROR_FILE_EXISTS : ErrorOfPath(errno, native));
 
-    const auto closeAndFail = [descriptor, &failed](DWORD error) {
+    const auto closeAndFail = [descriptor, &failed](DWORD error)
+    {
         ::close(descriptor);
         return failed(error);
     };
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::fstat(descriptor, &status) != 0)
         return closeAndFail(ErrorFromErrno(errno));
-    // A read-only file is refused to everybody, also to the user whom the system's rights don't bind.
-    const bool isReadOnly = !(status.st_mode & 0222) && S_ISREG(status.st_mode);
-    const bool writes = UsedAccess(access) & FILE_SHARE_WRITE;
-    if (S_ISDIR(status.st_mode) || (existed && isReadOnly && writes))
+    const bool changes = (UsedAccess(access) & FILE_SHARE_WRITE) || disposition == CREATE_ALWAYS;
+    if (S_ISDIR(status.st_mode) || (existed && changes && IsReadOnly(status)))
         return closeAndFail(ERROR_ACCESS_DENIED);
     const OpenFile opened{descriptor, status.st_dev, status.st_ino, UsedAccess(access), share};
     {
@@ -156,8 +189,8 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposi
         s_openFiles.push_back(opened);
     }
     // Only now: a file that others do not share must not lose its contents.
-    const bool truncates = existed && (disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING);
-    if (truncates && S_ISREG(status.st_mode) && ::truncate(native.c_str(), 0) != 0)
+    const bool truncates = disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+    if (truncates && S_ISREG(status.st_mode) && status.st_size > 0 && ::truncate(native.c_str(), 0) != 0)
     {
         const DWORD error = ErrorFromErrno(errno);
         CloseHandle(HandleOf(descriptor));
@@ -173,8 +206,9 @@ BOOL CloseHandle(HANDLE file)
     const int descriptor = DescriptorOf(file);
     {
         const std::lock_guard guard(s_openFilesGuard);
-        const auto found = std::find_if(s_openFiles.begin(), s_openFiles.end(),
-                                        [descriptor](const OpenFile& opened) { return opened.descriptor == descriptor; });
+        const auto found =
+            std::find_if(s_openFiles.begin(), s_openFiles.end(),
+                         [descriptor](const OpenFile& opened) { return opened.descriptor == descriptor; });
         if (found == s_openFiles.end())
             return Fail(ERROR_INVALID_HANDLE);
         s_openFiles.erase(found);
@@ -195,7 +229,7 @@ BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
             done += static_cast<DWORD>(count);
         else if (errno != EINTR)
         {
-            succeeded = FailWithErrno();
+            succeeded = FailOfTransfer(DescriptorOf(file));
             break;
         }
     }
@@ -215,7 +249,7 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
             done += static_cast<DWORD>(count);
         else if (errno != EINTR)
         {
-            succeeded = FailWithErrno();
+            succeeded = FailOfTransfer(DescriptorOf(file));
             break;
         }
     }
@@ -269,7 +303,9 @@ BOOL SetEndOfFile(HANDLE file)
 
 BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size)
 {
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::fstat(DescriptorOf(file), &status) != 0)
         return FailWithErrno();
     size->QuadPart = status.st_size;
@@ -281,12 +317,16 @@ BOOL DeleteFileW(LPCWSTR path)
     if (!IsCompletePath(path))
         return Fail(ERROR_PATH_NOT_FOUND);
     const std::string native = NativePath(path);
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::lstat(native.c_str(), &status) != 0)
         return FailOfPath(native);
     // The system deletes no folder and no read-only file by this call.
-    if (S_ISDIR(status.st_mode) || (S_ISREG(status.st_mode) && !(status.st_mode & 0222)))
+    if (S_ISDIR(status.st_mode) || IsReadOnly(status))
         return Fail(ERROR_ACCESS_DENIED);
+    if (!MayDelete(status))
+        return Fail(ERROR_SHARING_VIOLATION);
     return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
 }
 
@@ -296,24 +336,41 @@ BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags)
         return Fail(ERROR_PATH_NOT_FOUND);
     const std::string source = NativePath(from);
     const std::string target = NativePath(to);
+    struct stat status
+    {
+    };
+    if (::lstat(source.c_str(), &status) != 0)
+        return FailOfPath(source);
+    if (!MayDelete(status))
+        return Fail(ERROR_SHARING_VIOLATION);
+    const bool exists = ::lstat(target.c_str(), &status) == 0;
+    if (exists && !(flags & MOVEFILE_REPLACE_EXISTING))
+        return Fail(ERROR_ALREADY_EXISTS);
+    if (exists && (S_ISDIR(status.st_mode) || IsReadOnly(status) || !MayDelete(status)))
+        return Fail(ERROR_ACCESS_DENIED);
+    // The check above names the usual fault; the rename itself refuses a file that has appeared since.
     const unsigned int renameFlags = flags & MOVEFILE_REPLACE_EXISTING ? 0 : RENAME_NOREPLACE;
     if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), renameFlags) == 0)
         return 1;
-    if (errno == EEXIST)
-        return Fail(ERROR_ALREADY_EXISTS);
-    return FailOfPath(source);
+    // Some file systems cannot do that.
+    if (errno == EINVAL && renameFlags != 0 && ::rename(source.c_str(), target.c_str()) == 0)
+        return 1;
+    return FailOfPath(target);
 }
 
 DWORD GetFileAttributesW(LPCWSTR path)
 {
-    const auto failed = [](DWORD error) {
+    const auto failed = [](DWORD error)
+    {
         SetLastError(error);
         return INVALID_FILE_ATTRIBUTES;
     };
     if (!IsCompletePath(path))
         return failed(ERROR_PATH_NOT_FOUND);
     const std::string native = NativePath(path);
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::stat(native.c_str(), &status) != 0)
         return failed(ErrorOfPath(errno, native));
     const DWORD readOnly = status.st_mode & 0222 ? 0 : FILE_ATTRIBUTE_READONLY;
@@ -327,7 +384,9 @@ BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes)
     if (!IsCompletePath(path))
         return Fail(ERROR_PATH_NOT_FOUND);
     const std::string native = NativePath(path);
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::stat(native.c_str(), &status) != 0)
         return FailOfPath(native);
     const mode_t mode = attributes & FILE_ATTRIBUTE_READONLY ? status.st_mode & ~0222u : status.st_mode | 0200u;
@@ -336,7 +395,9 @@ BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes)
 
 DWORD GetFileType(HANDLE file)
 {
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::fstat(DescriptorOf(file), &status) != 0)
     {
         SetLastError(ErrorFromErrno(errno));
@@ -371,10 +432,25 @@ BOOL ReplaceFileW(LPCWSTR replaced, LPCWSTR replacement, LPCWSTR, DWORD, LPVOID,
         return Fail(ERROR_PATH_NOT_FOUND);
     const std::string target = NativePath(replaced);
     const std::string source = NativePath(replacement);
-    struct stat status{};
+    struct stat status
+    {
+    };
+    struct stat own
+    {
+    };
     if (::stat(target.c_str(), &status) != 0)
         return FailOfPath(target);
-    if (::chmod(source.c_str(), status.st_mode & 07777) != 0 || ::rename(source.c_str(), target.c_str()) != 0)
+    if (::stat(source.c_str(), &own) != 0)
+        return FailOfPath(source);
+    if (S_ISDIR(status.st_mode) || IsReadOnly(status))
+        return Fail(ERROR_ACCESS_DENIED);
+    if (!MayDelete(status) || !MayDelete(own))
+        return Fail(ERROR_SHARING_VIOLATION);
+    // The owner as far as the system lets us; then the rights, which a change of owner may have cut.
+    const bool sameOwner = status.st_uid == own.st_uid && status.st_gid == own.st_gid;
+    const bool given = sameOwner || ::chown(source.c_str(), status.st_uid, status.st_gid) == 0;
+    const mode_t rights = status.st_mode & (given ? 07777 : 0777);
+    if (::chmod(source.c_str(), rights) != 0 || ::rename(source.c_str(), target.c_str()) != 0)
         return FailOfPath(source);
     return 1;
 }

@@ -17,7 +17,10 @@ bool IsEncodable(std::uint32_t character)
 
 void AppendUtf8(std::string& out, std::uint32_t character)
 {
-    const auto continuation = [character](int shift) { return static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
+    const auto continuation = [character](int shift)
+    {
+        return static_cast<char>(0x80 | ((character >> shift) & 0x3F));
+    };
     if (character < 0x80)
     {
         out += static_cast<char>(character);
@@ -67,7 +70,7 @@ std::uint32_t ConsumeUtf8(std::string_view& text)
     return character;
 }
 
-} // namespace
+}  // namespace
 
 std::string NativePath(std::wstring_view path)
 {
