@@ -1,6 +1,8 @@
 # vetools_enable_warnings(target): the warnings that this project's own code is free of.
 function(vetools_enable_warnings target)
     target_compile_options(${target} PRIVATE
+        $<$<COMPILE_LANGUAGE:C>:-Wall;-Wextra;-Wpedantic>
+        $<$<AND:$<COMPILE_LANGUAGE:C>,$<BOOL:${VETOOLS_WARNINGS_AS_ERRORS}>>:-Werror>
         $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Wcast-align>
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<BOOL:${VETOOLS_WARNINGS_AS_ERRORS}>>:-Werror>
     )

@@ -22,7 +22,7 @@ SYSTEM_CONDITION = re.compile(
 
 
 def sources(root, folder):
-    return sorted(path for path in (root / folder).rglob("*") if path.suffix in (".h", ".cpp", ".def", ".rc"))
+    return sorted(path for path in (root / folder).rglob("*") if path.suffix in (".h", ".c", ".cpp", ".def", ".rc"))
 
 
 def line_of(text, position):
@@ -40,8 +40,8 @@ def rank(path):
 def include_problem(root, path, included):
     own = path.relative_to(root)
     if included.startswith("vetools/"):
-        if not (root / included).is_file():
-            # Headers that the build makes are named in no folder; anything else is a misspelling.
+        if not (root / included).is_file() and not (root / (included + ".in")).is_file():
+            # Neither a header nor the template of one that the build makes: a misspelling.
             return "does not exist"
         if own.parts[0] in USERS:
             return None

@@ -51,7 +51,8 @@ IUnknown* CCmdTarget::GetInterface(const void* iid)
 {
     const IID& wanted = *static_cast<const IID*>(iid);
     const bool wantsAny = wanted == IID_IUnknown;
-    for (const AFX_INTERFACEMAP* map = GetInterfaceMap(); map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr)
+    for (const AFX_INTERFACEMAP* map = GetInterfaceMap(); map;
+         map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr)
     {
         for (const AFX_INTERFACEMAP_ENTRY* entry = map->pEntry; entry->piid; ++entry)
         {

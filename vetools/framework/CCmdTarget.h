@@ -10,7 +10,7 @@
 /// One interface of a class: its id and where in the object the part stands that answers it.
 struct AFX_INTERFACEMAP_ENTRY
 {
-    const void* piid; ///< a const IID*; null ends the map
+    const void* piid;  ///< a const IID*; null ends the map
     std::size_t nOffset;
 };
 
@@ -56,6 +56,8 @@ protected:
     static const AFX_INTERFACEMAP* GetThisInterfaceMap();
 };
 
+// clang-format off
+
 /// Stands in a class with interfaces of its own.
 #define DECLARE_INTERFACE_MAP()                                                                                        \
 protected:                                                                                                             \
@@ -81,7 +83,8 @@ protected:                                                                      
         return &s_map;                                                                                                 \
     }
 
-/// Declares the part X<localClass> and its member m_x<localClass>; the interface's own methods stand between the two.
+/// Declares the part X<localClass> and its member m_x<localClass>; the interface's own methods stand between the two. The
+/// object and its parts are one allocation; a part forwards the three methods of IUnknown to the object.
 #define BEGIN_INTERFACE_PART(localClass, baseInterface)                                                                \
     class X##localClass final : public baseInterface                                                                   \
     {                                                                                                                  \
@@ -95,11 +98,14 @@ protected:                                                                      
     friend class X##localClass;
 
 /// Begins a method of a part: `pThis` is the object that holds the part, and the library is the current resource module until
-/// the method returns.
+/// the method returns. Where a class is not standard-layout, both compilers still know the place of a member: the warning
+/// about virtual bases does not concern parts.
 #define METHOD_PROLOGUE(theClass, localClass)                                                                          \
-    const ScopedResourceModule libraryResources(GetVeToolsModule());                                                                          \
+    const ScopedResourceModule libraryResources(GetVeToolsModule());                                                   \
     _Pragma("GCC diagnostic push")                                                                                     \
     _Pragma("GCC diagnostic ignored \"-Winvalid-offsetof\"")                                                           \
     theClass* const pThis =                                                                                            \
         reinterpret_cast<theClass*>(reinterpret_cast<BYTE*>(this) - offsetof(theClass, m_x##localClass));              \
     _Pragma("GCC diagnostic pop")
+
+// clang-format on

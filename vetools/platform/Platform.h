@@ -1,6 +1,7 @@
 #pragma once
 
-/// The Win32 and OLE names: the system's own on Windows, declared in posix/ elsewhere.
+/// The Win32 and OLE names: the system's own on Windows, declared in posix/ elsewhere. Clients in C
+/// find there what they need of the component object model.
 #if defined(_WIN32)
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -14,6 +15,8 @@
 #ifndef ERROR_DISK_QUOTA_EXCEEDED
 #define ERROR_DISK_QUOTA_EXCEEDED 1295L
 #endif
-#else
+#elif defined(__cplusplus)
 #include "vetools/platform/posix/WinBase.h"
+#else
+#include "vetools/platform/posix/WinOle.h"
 #endif

@@ -2,6 +2,18 @@
 
 #include <new>
 
+namespace
+{
+
+/// Hands a text over to a client, who frees it.
+HRESULT ReturnText(const CString& text, BSTR* out)
+{
+    *out = ::SysAllocStringLen(text, static_cast<UINT>(text.GetLength()));
+    return *out ? S_OK : E_OUTOFMEMORY;
+}
+
+}  // namespace
+
 BEGIN_INTERFACE_MAP(CVeUnit, CCmdTarget)
 INTERFACE_PART(CVeUnit, IID_IComUnit, ComUnit)
 END_INTERFACE_MAP()
@@ -142,8 +154,7 @@ HRESULT CVeUnit::XComUnit::GetName(BSTR* name)
     METHOD_PROLOGUE(CVeUnit, ComUnit)
     if (!name)
         return E_POINTER;
-    *name = ::SysAllocString(pThis->CVeUnitBase::GetName());
-    return *name ? S_OK : E_OUTOFMEMORY;
+    return ReturnText(pThis->CVeUnitBase::GetName(), name);
 }
 
 HRESULT CVeUnit::XComUnit::GetTitle(BSTR* title)
@@ -151,8 +162,7 @@ HRESULT CVeUnit::XComUnit::GetTitle(BSTR* title)
     METHOD_PROLOGUE(CVeUnit, ComUnit)
     if (!title)
         return E_POINTER;
-    *title = ::SysAllocString(pThis->CVeUnitBase::GetTitle());
-    return *title ? S_OK : E_OUTOFMEMORY;
+    return ReturnText(pThis->CVeUnitBase::GetTitle(), title);
 }
 
 HRESULT CVeUnit::XComUnit::GetUnit(CVeUnit** unit)

@@ -12,11 +12,13 @@
 ///     if (SUCCEEDED(manager.GetVisUnit(1).ExternalQueryInterface(&IID_IComUnit, reinterpret_cast<void**>(&unit))))
 ///         unit->Release();
 ///
-/// A client releases the interface before the unit's owner deletes the unit.
+/// Copies share nothing: each has its own reference count, which starts at 1 for its owner. A client releases the interface
+/// before the owner deletes the unit, through a pointer to any of its classes.
 class VETOOLS_API CVeUnit : public CCmdTarget, public CVeUnitBase
 {
     DECLARE_INTERFACE_MAP()
 
+public:
     BEGIN_INTERFACE_PART(ComUnit, IComUnit)
     HRESULT STDMETHODCALLTYPE SetRange(unsigned int range) override;
     HRESULT STDMETHODCALLTYPE SetPrecision(unsigned int precision) override;
@@ -28,7 +30,6 @@ class VETOOLS_API CVeUnit : public CCmdTarget, public CVeUnitBase
     HRESULT STDMETHODCALLTYPE GetUnit(CVeUnit** unit) override;
     END_INTERFACE_PART(ComUnit)
 
-public:
     /// The metre with 3 decimals, as CVeUnitBase makes it.
     CVeUnit();
     /// A copy of the unit, with a reference count of its own.
@@ -49,8 +50,14 @@ public:
     /// 1 when CVeUnitBase compares the two as equal: exponent, coefficient, type and texts don't count.
     int operator==(const CVeUnit& other) const;
     int operator!=(const CVeUnit& other) const;
+    // A plain unit on either side is compared in the same way.
+    int operator==(const CVeUnitBase& other) const { return CVeUnitBase::operator==(other); }
+    int operator!=(const CVeUnitBase& other) const { return CVeUnitBase::operator!=(other); }
+    friend int operator==(const CVeUnitBase& left, const CVeUnit& right) { return left.operator==(right); }
+    friend int operator!=(const CVeUnitBase& left, const CVeUnit& right) { return left.operator!=(right); }
 
-    /// The product or quotient of two units. Kept: although the operators are const, the left unit becomes the result too.
+    /// The product or quotient of two units, as CVeUnitBase makes it, with a reference count of its own.
+    /// Kept: although the operators are const, the left unit becomes the result too: after c = a * b, a is the product.
     CVeUnit operator*(CVeUnit& other) const;
     CVeUnit operator/(CVeUnit& other) const;
     CVeUnit& operator*=(CVeUnit& other);

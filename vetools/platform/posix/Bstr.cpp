@@ -1,4 +1,6 @@
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <limits>
 
@@ -7,33 +9,40 @@
 namespace
 {
 
-/// What stands in front of a text: its length in bytes, and what keeps the text aligned.
+/// What stands in front of a text: the length where the system has it, and what keeps length and text aligned.
 struct BstrHeader
 {
-    std::uint64_t byteLength;
+    std::uint32_t padding;
+    std::uint32_t byteLength;
 };
+
+constexpr UINT c_maxLength =
+    static_cast<UINT>((std::numeric_limits<UINT>::max() - sizeof(BstrHeader)) / sizeof(OLECHAR) - 1);
 
 BstrHeader* HeaderOf(BSTR text)
 {
     return reinterpret_cast<BstrHeader*>(text) - 1;
 }
 
-} // namespace
+}  // namespace
 
 BSTR SysAllocString(const OLECHAR* text)
 {
-    return text ? SysAllocStringLen(text, static_cast<UINT>(std::wcslen(text))) : nullptr;
+    if (!text)
+        return nullptr;
+    const std::size_t length = std::wcslen(text);
+    return length <= c_maxLength ? SysAllocStringLen(text, static_cast<UINT>(length)) : nullptr;
 }
 
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {
-    if (length > std::numeric_limits<UINT>::max() / sizeof(OLECHAR) - sizeof(BstrHeader))
+    if (length > c_maxLength)
         return nullptr;
     const std::size_t byteLength = length * sizeof(OLECHAR);
     auto* header = static_cast<BstrHeader*>(std::malloc(sizeof(BstrHeader) + byteLength + sizeof(OLECHAR)));
     if (!header)
         return nullptr;
-    header->byteLength = byteLength;
+    *header = {0, static_cast<std::uint32_t>(byteLength)};
     auto* allocated = reinterpret_cast<BSTR>(header + 1);
     if (text)
         std::memcpy(allocated, text, byteLength);
@@ -49,7 +58,7 @@ void SysFreeString(BSTR text)
 
 UINT SysStringByteLen(BSTR text)
 {
-    return text ? static_cast<UINT>(HeaderOf(text)->byteLength) : 0;
+    return text ? HeaderOf(text)->byteLength : 0;
 }
 
 UINT SysStringLen(BSTR text)
