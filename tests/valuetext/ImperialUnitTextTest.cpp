@@ -1,5 +1,6 @@
 #include "ValueTextCalls.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "vetools/units/UnitTypes.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <climits>
 #include <compare>
 #include <cstdarg>
@@ -308,7 +307,7 @@ private:
         {
             m_text = m_short;
             m_capacity = c_shortLength;
-            std::copy_n(other.m_short, m_length + 1, m_short);
+            std::wmemcpy(m_short, other.m_short, static_cast<std::size_t>(m_length) + 1);
             other.m_length = 0;
             other.m_short[0] = L'\0';
             return;
