@@ -33,6 +33,15 @@ inline Bytes FieldOf(std::wstring_view text, std::size_t size)
     return field;
 }
 
+/// A path made from wide text, whatever the locale.
+inline std::filesystem::path PathOf(std::wstring_view text)
+{
+    if constexpr (sizeof(wchar_t) == sizeof(char32_t))
+        return std::u32string(text.begin(), text.end());
+    else
+        return std::wstring(text);
+}
+
 inline Bytes ReadBytes(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
@@ -67,7 +76,7 @@ public:
     std::filesystem::path operator/(const std::filesystem::path& name) const { return m_path / name; }
 
     /// The path of a file in the folder, as the library takes it.
-    CString operator[](std::wstring_view name) const { return CString((m_path / name).wstring().c_str()); }
+    CString operator[](std::wstring_view name) const { return CString((Prefix() + std::wstring(name)).c_str()); }
 
     /// The folder with the separator behind it.
     std::wstring Prefix() const { return (m_path / L"").wstring(); }

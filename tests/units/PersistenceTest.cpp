@@ -130,7 +130,7 @@ TEST(UnitSave, WritesEightFieldsOfFixedSizeFilledUpWithZeros)
           .range = L"3",
           .title = std::wstring(49, L'T'),
           .name = std::wstring(19, L'n'),
-          .coefficient = L"-1.00000000000000002505914002772e-300"}},
+          .coefficient = L"-1.00000000000000002505909183520876e-300"}},
     };
     for (const auto& row : rows)
     {
