@@ -380,6 +380,15 @@ TEST(VeUnitInterface, CountsTheUnitsReferences)
     EXPECT_EQ(2u, unit.ExternalRelease());
 }
 
+TEST(VeUnitInterface, IsCalledOnTheUnitsPartToo)
+{
+    CVeUnit unit;
+    EXPECT_EQ(2u, unit.m_xComUnit.AddRef());
+    EXPECT_EQ(S_OK, unit.m_xComUnit.SetRange(1));
+    EXPECT_EQ(L"mm", NameOf(unit));
+    EXPECT_EQ(1u, unit.m_xComUnit.Release());
+}
+
 TEST(VeUnitInterface, HasOneIdentityThatEveryInterfaceReaches)
 {
     CVeUnit unit;

@@ -85,8 +85,12 @@ protected:                                                                      
 
 /// Declares the part X<localClass> and its member m_x<localClass>; the interface's own methods stand between the two. The
 /// object and its parts are one allocation; a part forwards the three methods of IUnknown to the object.
-#define BEGIN_INTERFACE_PART(localClass, baseInterface)                                                                \
-    class X##localClass final : public baseInterface                                                                   \
+#define BEGIN_INTERFACE_PART(localClass, baseInterface) BEGIN_EXPORTED_INTERFACE_PART(, localClass, baseInterface)
+
+/// As BEGIN_INTERFACE_PART, for the part of an exported class: `api` is that class's mark, which does not reach a class within
+/// it on every build.
+#define BEGIN_EXPORTED_INTERFACE_PART(api, localClass, baseInterface)                                                  \
+    class api X##localClass final : public baseInterface                                                               \
     {                                                                                                                  \
     public:                                                                                                            \
         HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;                                  \
@@ -98,8 +102,8 @@ protected:                                                                      
     friend class X##localClass;
 
 /// Begins a method of a part: `pThis` is the object that holds the part, and the library is the current resource module until
-/// the method returns. Where a class is not standard-layout, both compilers still know the place of a member: the warning
-/// about virtual bases does not concern parts.
+/// the method returns. The place of a part is known although the class
+/// is not of standard layout: the compilers warn only because of virtual bases, which such a class does not have.
 #define METHOD_PROLOGUE(theClass, localClass)                                                                          \
     const ScopedResourceModule libraryResources(GetVeToolsModule());                                                   \
     _Pragma("GCC diagnostic push")                                                                                     \

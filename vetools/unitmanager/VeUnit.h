@@ -19,7 +19,7 @@ class VETOOLS_API CVeUnit : public CCmdTarget, public CVeUnitBase
     DECLARE_INTERFACE_MAP()
 
 public:
-    BEGIN_INTERFACE_PART(ComUnit, IComUnit)
+    BEGIN_EXPORTED_INTERFACE_PART(VETOOLS_API, ComUnit, IComUnit)
     HRESULT STDMETHODCALLTYPE SetRange(unsigned int range) override;
     HRESULT STDMETHODCALLTYPE SetPrecision(unsigned int precision) override;
     HRESULT STDMETHODCALLTYPE SetSeparator(const wchar_t* separator) override;
