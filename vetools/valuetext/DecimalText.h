@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "vetools/units/VeUnitBase.h"
 #include "vetools/valuetext/CallerBuffer.h"
 #include "vetools/valuetext/TextBuffer.h"
