@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cwchar>
 #include <cwctype>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -21,53 +22,83 @@ CVeUnitBase FractionUnit()
     return unit;
 }
 
-const std::vector<double> c_metres = {1.0287, 0.3048, 12.7, 0.00635, 3.81, 1.8034, 100.2, 0.1};
-const std::vector<std::wstring> c_texts = {L"3'-4 1/2\"", L"123'-11 13/16\"", L"5'-10 63/64\"", L"11 1/16\"",
-                                           L"7'-3/8\""};
+struct Length
+{
+    double metres;
+    const wchar_t* text;
+    int feet;
+    int inches;
+    int numerator;
+    int denominator;
+};
+
+// clang-format off
+constexpr Length c_lengths[] = {
+//   metres      text               feet  inches  fraction
+    {1.0287,     L"3'-4 1/2\"",       3,    4,      1,  2},
+    {37.7840875, L"123'-11 9/16\"", 123,   11,      9, 16},
+    {1.806575,   L"5'-11 1/8\"",      5,   11,      1,  8},
+    {2.149475,   L"7'-5/8\"",         7,    0,      5,  8},
+    {0.2809875,  L"11 1/16\"",        0,   11,      1, 16},
+    {30.7848,    L"101'",            101,    0,      0,  1},
+    {3.1242,     L"10'-3\"",         10,    3,      0,  1},
+    {12.7127,    L"41'-8 1/2\"",     41,    8,      1,  2},
+};
+// clang-format on
 
 void WriteImperial(benchmark::State& state)
 {
     const CVeUnitBase unit = FractionUnit();
     wchar_t buffer[c_bufferSize];
-    std::size_t i = 0;
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(
-            unit.Double2String(buffer, c_metres[i], 0, L"%.*f", 0, 0, c_bufferSize, 0, 0, 0).GetLength());
-        i = (i + 1) % c_metres.size();
+        for (const Length& length : c_lengths)
+            benchmark::DoNotOptimize(
+                unit.Double2String(buffer, length.metres, 0, L"%.*f", 0, 0, c_bufferSize, 0, 0, 0).GetLength());
     }
-    unit.Double2String(buffer, c_metres[0], 0, L"%.*f", 0, 0, c_bufferSize, 0, 0, 0);
-    if (std::wcscmp(buffer, L"3'-4 1/2\"") != 0)
-        state.SkipWithError("a wrong text");
+    for (const Length& length : c_lengths)
+    {
+        if (unit.Double2String(buffer, length.metres, 0, L"%.*f", 0, 0, c_bufferSize, 0, 0, 0) != length.text)
+            state.SkipWithError("a wrong text");
+    }
 }
 BENCHMARK(WriteImperial);
 
-/// The peer is given the parts ready.
+/// The peer is given the parts ready, and always writes all of them.
 void WriteImperialBySwprintf(benchmark::State& state)
 {
     wchar_t buffer[c_bufferSize];
-    int feet = 0;
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(
-            std::swprintf(buffer, c_bufferSize, L"%d'-%d %d/%d\"", feet, feet % 12, feet % 16 | 1, 16));
-        feet = (feet + 1) % 1000;
+        for (const Length& length : c_lengths)
+            benchmark::DoNotOptimize(std::swprintf(buffer, c_bufferSize, L"%d'-%d %d/%d\"", length.feet, length.inches,
+                                                   length.numerator, length.denominator));
     }
+    if (std::wcscmp(buffer, c_lengths[std::size(c_lengths) - 1].text) != 0)
+        state.SkipWithError("a wrong text");
 }
 BENCHMARK(WriteImperialBySwprintf);
+
+/// The same length to some 14 digits: the factors are rounded.
+bool IsAbout(double metres, double expected)
+{
+    return std::fabs(metres - expected) < 1e-12;
+}
 
 void ReadImperial(benchmark::State& state)
 {
     const CVeUnitBase unit = FractionUnit();
-    std::size_t i = 0;
     int ok = 0;
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(unit.String2Double(c_texts[i].c_str(), &ok, 1));
-        i = (i + 1) % c_texts.size();
+        for (const Length& length : c_lengths)
+            benchmark::DoNotOptimize(unit.String2Double(length.text, &ok, 1));
     }
-    if (std::fabs(unit.String2Double(L"3'-4 1/2\"", &ok, 1) - 1.0287) > 1e-12)
-        state.SkipWithError("a wrong length");
+    for (const Length& length : c_lengths)
+    {
+        if (!IsAbout(unit.String2Double(length.text, &ok, 1), length.metres))
+            state.SkipWithError("a wrong length");
+    }
 }
 BENCHMARK(ReadImperial);
 
@@ -104,14 +135,20 @@ double InchesByTokens(const std::wstring& text)
 
 void ReadImperialByTokensAndWcstod(benchmark::State& state)
 {
-    std::size_t i = 0;
+    constexpr double c_inchesPerMetre = 39.37007874015748;
+    std::vector<std::wstring> texts;
+    for (const Length& length : c_lengths)
+        texts.emplace_back(length.text);
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(InchesByTokens(c_texts[i]) / 39.37007874015748);
-        i = (i + 1) % c_texts.size();
+        for (const std::wstring& text : texts)
+            benchmark::DoNotOptimize(InchesByTokens(text) / c_inchesPerMetre);
     }
-    if (InchesByTokens(L"3'-4 1/2\"") != 40.5)
-        state.SkipWithError("a wrong length");
+    for (const Length& length : c_lengths)
+    {
+        if (!IsAbout(InchesByTokens(length.text) / c_inchesPerMetre, length.metres))
+            state.SkipWithError("a wrong length");
+    }
 }
 BENCHMARK(ReadImperialByTokensAndWcstod);
 

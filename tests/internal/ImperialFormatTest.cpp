@@ -198,13 +198,4 @@ TEST(ImperialFormat, AnyPrecisionIsAllowed)
     EXPECT_EQ(L"0.500000\"", Write(0.5, LengthIn::Inches, 4294967295u, L'.', c_decimals));  // -1 as an int
 }
 
-TEST(ImperialFormat, AppendsToAText)
-{
-    CString text(L"L = ");
-    AppendImperialText(text, 3.375, LengthIn::Feet, 4, L'.', c_fraction);
-    EXPECT_STREQ(L"L = 3'-4 1/2\"", text.GetString());
-    AppendImperialText(text, 3.375, LengthIn::Feet, 4, L'.', Unit::UNITFORMAT_DECIMAL);
-    EXPECT_STREQ(L"L = 3'-4 1/2\"", text.GetString());
-}
-
 }  // namespace

@@ -206,6 +206,8 @@ void ExpectRead(double expected, std::size_t consumed, const std::wstring& text)
     EXPECT_EQ(std::bit_cast<std::uint64_t>(expected), std::bit_cast<std::uint64_t>(value))
         << expected << " expected, " << value << " read from " << shown;
     EXPECT_EQ(consumed, taken) << shown;
+    const double terminated = ReadDouble(text.c_str());
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(expected), std::bit_cast<std::uint64_t>(terminated)) << shown;
 }
 
 }  // namespace
@@ -310,6 +312,38 @@ TEST(WriteFixed, CutsTheNamesOfNonFiniteValuesAsTheWindowsRunTimeLibrary)
     };
     for (const WriteRow& row : rows)
         EXPECT_EQ(row.expected, Fixed(row.value, row.precision)) << row.value << " with precision " << row.precision;
+}
+
+TEST(WriteUnits, PutsThePointBeforeTheDecimals)
+{
+    struct Row
+    {
+        const wchar_t* expected;
+        std::int64_t units;
+        int precision;
+    };
+    // clang-format off
+    const Row rows[] = {
+    //   expected                     units                 precision
+        {L"0",                        0,                    0},
+        {L"0.00",                     0,                    2},
+        {L"0.05",                     5,                    2},
+        {L"-0.05",                   -5,                    2},
+        {L"12.34",                    1234,                 2},
+        {L"1.000",                    1000,                 3},
+        {L"-4294967.295",            -4294967295,           3},
+        {L"4294967.296",              4294967296,           3},
+        {L"9223372036854775807",      9223372036854775807,  0},
+        {L"-922337203685477580.7",   -9223372036854775807,  1},
+        {L"0.0000000000000000000007", 7,                   22},
+    };
+    // clang-format on
+    for (const Row& row : rows)
+    {
+        std::wstring text(UnitsTextCapacity(row.precision), L'?');
+        text.resize(static_cast<std::size_t>(WriteUnits(text.data(), row.units, row.precision) - text.data()));
+        EXPECT_EQ(row.expected, text) << row.units << " at precision " << row.precision;
+    }
 }
 
 TEST(WriteExponent, WritesAtLeastTwoDigitsOfExponent)

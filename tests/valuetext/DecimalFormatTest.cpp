@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 
 #include "vetools/units/UnitSeparator.h"
 #include "vetools/units/UnitTypes.h"
@@ -510,4 +511,23 @@ TEST(DecimalText, TheTwelveArgumentFormIsOtherwiseTheTenArgumentForm)
                     EXPECT_EQ(Ten(unit, value, settings), Twelve(unit, value, settings))
                         << idUnit << ':' << range << ' ' << value << ' ' << flag;
                 }
+}
+
+TEST(DecimalText, WritesTheDigitsOfARoundedLengthAsPrintingItDoes)
+{
+    // "%0.*f" prints the rounded value itself.
+    const Settings printed{.format = L"%0.*f"};
+    std::mt19937_64 random(20210118);
+    for (int i = 0; i < 20000; ++i)
+    {
+        CVeUnitBase unit = Metre(static_cast<unsigned int>(random() % 24));
+        const double value = std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())), -static_cast<int>(random() % 80));
+        EXPECT_EQ(Ten(unit, value, printed), Ten(unit, value)) << unit.GetPrecision() << ' ' << value;
+    }
+    for (int i = -2000; i <= 2000; ++i)
+        for (const unsigned int precision : {0u, 1u, 2u, 3u, 15u, 22u, 23u})
+        {
+            const double value = i / 2.0 * std::pow(10.0, -static_cast<int>(precision));
+            EXPECT_EQ(Ten(Metre(precision), value, printed), Ten(Metre(precision), value)) << precision << ' ' << value;
+        }
 }

@@ -53,13 +53,20 @@ bool IsDigit(wchar_t c)
     return DigitValue(c) <= 9;
 }
 
-/// A position in a text that moves forward over what is taken.
+/// Stands for the end of a text with a terminator, which need not be looked for: it is no character of a number.
+struct AtTerminator
+{
+    friend bool operator==(const wchar_t*, AtTerminator) { return false; }
+};
+
+/// A position in a text that moves forward over what is taken. The end is a position, or AtTerminator.
+template <typename End>
 class NumberCursor
 {
 public:
-    explicit NumberCursor(std::wstring_view text)
-        : m_position(text.data())
-        , m_end(text.data() + text.size())
+    NumberCursor(const wchar_t* begin, End end)
+        : m_position(begin)
+        , m_end(end)
     {
     }
 
@@ -131,7 +138,7 @@ public:
 
 private:
     const wchar_t* m_position;
-    const wchar_t* m_end;
+    [[no_unique_address]] End m_end;
 };
 
 /// A number as it stands in the text: its digits, read without the point, times ten to the power of `exponent`.
@@ -226,39 +233,35 @@ double DivideExactly(std::uint64_t mantissa, std::size_t power)
     return std::ldexp(rounded, divisorShift - mantissaShift - 63 - static_cast<int>(power));
 }
 
-double MagnitudeOf(DecimalNumber number)
+/// Numbers that take more than one operation on doubles: many digits, or a point far from them.
+double MagnitudeOfLong(DecimalNumber number)
 {
     if (number.count > c_mantissaDigits)
         DropLeadingZeros(number);
-    if (number.count > c_mantissaDigits)
-        return RoundCorrectly(number);
-    if (number.mantissa > c_exactMantissa)
-    {
-        const bool divides =
-            number.exponent <= 0 && -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
-        return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent))
-                       : RoundCorrectly(number);
-    }
-
-    const double mantissa = static_cast<double>(number.mantissa);
-    if (number.exponent >= 0 && number.exponent <= c_exactPower)
-        return mantissa * c_exactPowers[number.exponent];
-    if (number.exponent < 0 && number.exponent >= -c_exactPower)
-        return mantissa / c_exactPowers[-number.exponent];
-    return RoundCorrectly(number);
+    const bool divides = number.count <= c_mantissaDigits && number.mantissa != 0 && number.exponent <= 0 &&
+                         -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
+    return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent)) : RoundCorrectly(number);
 }
 
-void ReportConsumed(std::size_t* consumed, std::ptrdiff_t count)
+inline double MagnitudeOf(const DecimalNumber& number)
 {
-    if (consumed != nullptr)
-        *consumed = static_cast<std::size_t>(count);
+    if (number.count > c_mantissaDigits || number.mantissa > c_exactMantissa || number.exponent > c_exactPower ||
+        number.exponent < -c_exactPower)
+        return MagnitudeOfLong(number);
+
+    const double mantissa = static_cast<double>(static_cast<std::int64_t>(number.mantissa));
+    return number.exponent < 0 ? mantissa / c_exactPowers[-number.exponent] : mantissa * c_exactPowers[number.exponent];
 }
 
-}  // namespace
-
-double ReadDouble(std::wstring_view text, std::size_t* consumed)
+struct ReadNumber
 {
-    NumberCursor cursor(text);
+    double value;
+    const wchar_t* end;  ///< null when there is no number
+};
+
+template <typename End>
+ReadNumber Read(NumberCursor<End> cursor)
+{
     cursor.SkipSpace();
     const bool negative = cursor.ConsumeSign();
 
@@ -271,15 +274,31 @@ double ReadDouble(std::wstring_view text, std::size_t* consumed)
         number.exponent = -decimals;
     }
     if (number.count == 0)
-    {
-        ReportConsumed(consumed, 0);
-        return 0.0;
-    }
+        return {0.0, nullptr};
     number.exponent += cursor.ConsumeExponent();
 
-    ReportConsumed(consumed, cursor.Position() - text.data());
     const double magnitude = MagnitudeOf(number);
-    return negative ? -magnitude : magnitude;
+    return {negative ? -magnitude : magnitude, cursor.Position()};
+}
+
+void ReportConsumed(std::size_t* consumed, std::ptrdiff_t count)
+{
+    if (consumed != nullptr)
+        *consumed = static_cast<std::size_t>(count);
+}
+
+}  // namespace
+
+double ReadDouble(std::wstring_view text, std::size_t* consumed)
+{
+    const ReadNumber number = Read(NumberCursor(text.data(), text.data() + text.size()));
+    ReportConsumed(consumed, number.end != nullptr ? number.end - text.data() : 0);
+    return number.value;
+}
+
+double ReadDouble(const wchar_t* text)
+{
+    return Read(NumberCursor(text, AtTerminator())).value;
 }
 
 int ReadInteger(std::wstring_view text, std::size_t* consumed)
@@ -287,7 +306,7 @@ int ReadInteger(std::wstring_view text, std::size_t* consumed)
     constexpr std::int64_t c_smallest = std::numeric_limits<std::int32_t>::min();
     constexpr std::int64_t c_largest = std::numeric_limits<std::int32_t>::max();
 
-    NumberCursor cursor(text);
+    NumberCursor cursor(text.data(), text.data() + text.size());
     cursor.SkipSpace();
     const bool negative = cursor.ConsumeSign();
     const wchar_t* const digits = cursor.Position();

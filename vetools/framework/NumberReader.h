@@ -19,6 +19,9 @@
 ///     "1e"          1.0, 1 consumed        "1."  1.0, 2 consumed        "0x1"  0.0, 1 consumed
 double ReadDouble(std::wstring_view text, std::size_t* consumed = nullptr);
 
+/// The same of a text with a terminator, whose length need not be known.
+double ReadDouble(const wchar_t* text);
+
 /// A decimal integer; one beyond the range of a 32-bit integer gives the nearer end of that range, no number gives 0.
 ///
 ///     "\t+42 mm"  42, 4 consumed           "-3000000000"  -2147483648, 11 consumed

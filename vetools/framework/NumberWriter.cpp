@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string_view>
 
@@ -54,30 +55,47 @@ int CountDigits(std::uint64_t number)
     return guess + (number >= c_powersOfTen[static_cast<std::size_t>(guess)] ? 1 : 0);
 }
 
-/// Writes the last digits of a number that end at `end`, zeros in front as they are needed.
+/// Writes the last `count` digits of a number before `end`, zeros in front as they are needed, and takes them off the number.
 template <typename Number>
-void WriteDigitsBackwards(wchar_t* end, Number number, int count)
+void TakeDigits(wchar_t* end, Number& number, int count)
 {
     for (; count >= 2; count -= 2)
     {
         const std::size_t pair = 2 * static_cast<std::size_t>(number % 100);
         number /= 100;
         end -= 2;
-        end[0] = c_digitPairs[pair];
-        end[1] = c_digitPairs[pair + 1];
+        std::memcpy(end, &c_digitPairs[pair], 2 * sizeof(wchar_t));  // one store
     }
     if (count == 1)
+    {
         end[-1] = static_cast<wchar_t>(L'0' + number % 10);
+        number /= 10;
+    }
 }
 
-wchar_t* WriteDigits(wchar_t* out, std::uint64_t number, int count)
+/// Writes the digits of number / 10^decimals, `whole` of them before the point.
+template <typename Number>
+wchar_t* WriteDigits(wchar_t* out, Number number, int whole, int decimals)
 {
-    constexpr std::uint64_t c_narrowLimit = std::numeric_limits<std::uint32_t>::max();
-    if (number <= c_narrowLimit)
-        WriteDigitsBackwards(out + count, static_cast<std::uint32_t>(number), count);
-    else
-        WriteDigitsBackwards(out + count, number, count);
-    return out + count;
+    wchar_t* const point = out + whole;
+    wchar_t* end = point;
+    if (decimals > 0)
+    {
+        *point = L'.';
+        end = point + 1 + decimals;
+        TakeDigits(end, number, decimals);
+    }
+    TakeDigits(point, number, whole);
+    return end;
+}
+
+/// The digits of number / 10^decimals. Most numbers fit 32 bits, whose arithmetic is the faster.
+inline wchar_t* WriteShifted(wchar_t* out, std::uint64_t number, int decimals)
+{
+    const int whole = std::max(CountDigits(number) - decimals, 1);
+    if (number <= std::numeric_limits<std::uint32_t>::max())
+        return WriteDigits(out, static_cast<std::uint32_t>(number), whole, decimals);
+    return WriteDigits(out, number, whole, decimals);
 }
 
 wchar_t* Append(wchar_t* out, std::string_view text)
@@ -133,9 +151,9 @@ FixedNumber RoundFraction(std::uint64_t mantissa, int shift, int precision)
     const UInt128 rest = product & ((half << 1) - 1);
     number.fraction = static_cast<std::uint64_t>(product >> shift);
 
-    const bool odd = ((number.whole * scale + number.fraction) & 1) != 0;
-    if (rest > half || (rest == half && odd))
-        ++number.fraction;
+    // Up or down is chance: no branch.
+    const unsigned int odd = (number.whole * scale + number.fraction) & 1;
+    number.fraction += static_cast<unsigned int>(rest > half) | (static_cast<unsigned int>(rest == half) & odd);
     if (number.fraction >= scale)
     {
         number.fraction -= scale;
@@ -146,11 +164,13 @@ FixedNumber RoundFraction(std::uint64_t mantissa, int shift, int precision)
 
 wchar_t* WriteRounded(wchar_t* out, const FixedNumber& number, int precision)
 {
-    out = WriteDigits(out, number.whole, CountDigits(number.whole));
+    out = WriteShifted(out, number.whole, 0);
     if (precision == 0)
         return out;
     *out++ = L'.';
-    return WriteDigits(out, number.fraction, precision);
+    std::uint64_t fraction = number.fraction;
+    TakeDigits(out + precision, fraction, precision);
+    return out + precision;
 }
 
 /// Any finite magnitude at any precision, by the run-time library's exact algorithm.
@@ -215,6 +235,14 @@ wchar_t* WriteFixed(wchar_t* out, double value, int precision)
     return WriteFixedMagnitude(out, std::fabs(value), precision);
 }
 
+wchar_t* WriteUnits(wchar_t* out, std::int64_t units, int precision)
+{
+    const auto bits = static_cast<std::uint64_t>(units);
+    if (units < 0)
+        *out++ = L'-';
+    return WriteShifted(out, units < 0 ? 0 - bits : bits, precision);
+}
+
 wchar_t* WriteExponent(wchar_t* out, double value, int precision)
 {
     if (precision < 0)
@@ -236,9 +264,14 @@ wchar_t* WriteExponent(wchar_t* out, double value, int precision)
 
 wchar_t* WriteInteger(wchar_t* out, int value)
 {
+    if (value >= 0 && value <= 9)
+    {
+        *out = static_cast<wchar_t>(L'0' + value);
+        return out + 1;
+    }
     if (value < 0)
         *out++ = L'-';
     const auto bits = static_cast<std::uint32_t>(value);
     const std::uint32_t magnitude = value < 0 ? 0 - bits : bits;
-    return WriteDigits(out, magnitude, CountDigits(magnitude));
+    return WriteDigits(out, magnitude, CountDigits(magnitude), 0);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 /// The decimal texts of numbers, the same on both builds (internal).
 ///
@@ -18,11 +20,22 @@
 ///     not a number  1     1.$    1.#R    1.#QO    1.#QNB    1.#QNAN    1.#QNAN0    1.#QNAN00
 ///     the same, <0  -1    -1.$   -1.#J   -1.#IO   -1.#IND   -1.#IND0   -1.#IND00   -1.#IND000
 
+/// Room for what WriteUnits writes: a sign, the 19 digits of the largest number or "0" and the decimals, a point.
+constexpr std::size_t UnitsTextCapacity(int precision)
+{
+    return 21 + static_cast<std::size_t>(precision);
+}
+
 /// Room for what WriteFixed and WriteExponent write at a precision: a sign, the 309 digits of the largest double or the
 /// "1" of a text above, a point, the decimals, an exponent.
 constexpr std::size_t FixedTextCapacity(int precision)
 {
     return 320 + static_cast<std::size_t>(precision < 0 ? 6 : precision);
+}
+/// The same for one number: most are short.
+inline std::size_t FixedTextCapacity(double value, int precision)
+{
+    return std::abs(value) < 1e18 ? UnitsTextCapacity(precision < 0 ? 6 : precision) : FixedTextCapacity(precision);
 }
 constexpr std::size_t ExponentTextCapacity(int precision)
 {
@@ -32,6 +45,10 @@ constexpr std::size_t ExponentTextCapacity(int precision)
 /// As "%.*f" writes it: 0.125 with precision 2 gives 0.12, 2.5 with precision 0 gives 2, -0.001 with precision 2 gives -0.00.
 /// The buffer holds at least FixedTextCapacity(precision) characters.
 wchar_t* WriteFixed(wchar_t* out, double value, int precision);
+
+/// units / 10^precision: 1234 with precision 2 gives 12.34, -5 with precision 2 gives -0.05, 7 with precision 0 gives 7.
+/// The precision is 0 to 22, the text no longer than UnitsTextCapacity(precision).
+wchar_t* WriteUnits(wchar_t* out, std::int64_t units, int precision);
 
 /// As "%.*e" writes it, with at least two digits of exponent: 0.00001 with precision 1 gives 1.0e-05, 1e100 with
 /// precision 0 gives 1e+100. The buffer holds at least ExponentTextCapacity(precision) characters.

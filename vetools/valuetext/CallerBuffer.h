@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 
 /// The buffer that a caller of the ten- and twelve-argument forms of Double2String hands in (internal). A null buffer
@@ -27,6 +28,14 @@ public:
     /// False for a size of 0 or 1: CopyOut then does nothing.
     bool TakesCopies() const { return m_limit > 0; }
 
+    /// Where a text of which CopyOut cuts nothing may be made, so that it needs no copy.
+    std::span<wchar_t> Room() const
+    {
+        if (m_buffer == nullptr || !TakesCopies())
+            return {};
+        return {m_buffer, static_cast<std::size_t>(m_limit - 1)};
+    }
+
     /// What CopyOut keeps of a text: one character less than its limit, which is one less than the size.
     /// Kept: the last character of the buffer stays unused.
     std::wstring_view Cut(std::wstring_view text) const
@@ -48,6 +57,11 @@ public:
     /// Kept: where the copy is shorter than these, they stand behind its terminator.
     void CopyCertainly(std::wstring_view text, std::size_t certain) const
     {
+        if (text.data() == m_buffer)  // made in its room
+        {
+            m_buffer[text.size()] = L'\0';
+            return;
+        }
         if (!TakesCopies() || Cut(text).size() < certain)
             CopyWhole(text.substr(0, certain));
         CopyOut(text);

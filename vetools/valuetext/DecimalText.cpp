@@ -50,6 +50,12 @@ double RoundingStep(unsigned int precision)
     return precision < std::size(c_roundingSteps) ? c_roundingSteps[precision] : 1 / Power(10.0, precision);
 }
 
+/// Where the digits of a rounded value are those of its number of steps. The step is the power of ten but for half of its
+/// last bit, and so are the product and the sum that make the value of it: together they are less than a quarter of a step
+/// from the exact decimal, and printing that many decimals finds it. The sign is the number's; zero steps are +0.0.
+constexpr unsigned int c_countedPrecision = 22;
+constexpr double c_countedSteps = 281474976710656.0;  // 2^48
+
 /// Metres: a shorter length is shown as zero at a precision that is too small for it.
 constexpr double c_shortestShownLength = 0.001;
 constexpr double c_smallValueThresholds[] = {0.1, 0.01, 0.001, 0.0001, 0.00001, 0.000001};
@@ -87,18 +93,6 @@ bool IsPlainFixed(const wchar_t* format)
         return false;
     const wchar_t* conversion = format[3] == L'l' ? format + 4 : format + 3;
     return conversion[0] == L'f' && conversion[1] == L'\0';
-}
-
-void WriteNumber(TextBuffer& text, const wchar_t* format, double value, unsigned int precision)
-{
-    if (format == nullptr || IsPlainFixed(format))
-    {
-        const int printed = PrintedPrecision(precision);
-        text.SetEnd(WriteFixed(text.Overwrite(FixedTextCapacity(printed)), value, printed));
-        return;
-    }
-    const CString formatted = FormatWide(format, static_cast<int>(precision), value);
-    text.Assign(formatted.GetString());  // up to a NUL that the format may print, as far as any copy of it goes
 }
 
 void WriteSmallNumber(TextBuffer& text, double value, unsigned int precision)
@@ -153,11 +147,30 @@ DecimalText::DecimalText(const CVeUnitBase& unit, const ValueTextOptions& option
     }
 }
 
-void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer) const
+void DecimalText::WriteNumber(TextBuffer& text, const wchar_t* format, const Number& number)
+{
+    const int precision = PrintedPrecision(number.precision);
+    if (format != nullptr && !IsPlainFixed(format))
+    {
+        const CString formatted = FormatWide(format, static_cast<int>(number.precision), number.value);
+        text.Assign(formatted.GetString());  // up to a NUL that the format may print, as far as any copy of it goes
+        return;
+    }
+    if (number.steps)
+        text.SetEnd(WriteUnits(text.Overwrite(UnitsTextCapacity(precision)), *number.steps, precision));
+    else
+        text.SetEnd(WriteFixed(text.Overwrite(FixedTextCapacity(number.value, precision)), number.value, precision));
+}
+
+void DecimalText::Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer,
+                        std::span<wchar_t> room) const
 {
     const Number number = ShownNumber(value);
-    WriteNumber(text, format, number.value, number.precision);
-    if (IsRewritten(number.value))
+    const bool isRewritten = IsRewritten(number.value);
+    if (!isRewritten)
+        text.BeginIn(room);
+    WriteNumber(text, format, number);
+    if (isRewritten)
         buffer.CopyOut(text.View());
 
     if (m_options.removeTrailingZeros)
@@ -222,7 +235,12 @@ DecimalText::Number DecimalText::Rounded(double shown) const
     }
     const double half = step * 0.5;
     const double tolerance = std::abs(half) * (step * 0.01) + step * 0.01;
-    return {remainder >= half - tolerance ? base + step : base, m_unit.Precision};
+    // Up or down is chance: no branch. The base is not zero, so adding 0.0 leaves it as it is.
+    const bool up = remainder >= half - tolerance;
+    Number rounded{base + (up ? step : 0.0), m_unit.Precision};
+    if (m_unit.Precision <= c_countedPrecision && std::abs(steps) <= c_countedSteps)
+        rounded.steps = static_cast<std::int64_t>(steps) + (up ? 1 : 0);
+    return rounded;
 }
 
 /// The decimals up to the first significant one, for a length smaller than the step: 4 for 0.00052. Kept: the unit's own
@@ -252,7 +270,7 @@ void DecimalText::AppendName(TextBuffer& text) const
 {
     if (m_nameLength == 0)
         return;
-    text.Append(L" ");
+    text.AppendShort(L" ", 1);
     if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 2)
         text.Append(L"sq in");
     else if (m_unit.UnitType == Unit::UNIT_TYPE_IMPERIAL && m_unit.Exponent == 3)
@@ -260,5 +278,5 @@ void DecimalText::AppendName(TextBuffer& text) const
     else if (m_markedName)
         text.Append(m_unit.GetName().View());
     else
-        text.Append({m_unit.Name, m_nameLength});  // the display name differs only where it holds marks
+        text.AppendShort(m_unit.Name, m_nameLength);  // the display name differs only where it holds marks
 }

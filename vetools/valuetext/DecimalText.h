@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
 
 #include "vetools/units/VeUnitBase.h"
 #include "vetools/valuetext/CallerBuffer.h"
@@ -22,16 +25,22 @@ public:
     bool HasLengthName() const { return m_lengthName; }
 
     /// Writes the text of an SI value. `format` takes an int and a double, as "%.*f"; null counts as that.
-    /// The buffer receives the stages of the text, as the classic forms of Double2String promise.
-    void Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer) const;
+    /// The buffer receives the stages of the text, as the classic forms of Double2String promise. A text that has only one
+    /// is made in `room`, as far as it fits.
+    void Write(TextBuffer& text, double value, const wchar_t* format, const CallerBuffer& buffer,
+               std::span<wchar_t> room) const;
 
 private:
-    /// A value in the unit and the number of decimals that it is written with.
+    /// A value in the unit and the number of decimals that it is written with. What was rounded knows its digits: they
+    /// are those of `steps`.
     struct Number
     {
         double value;
         unsigned int precision;
+        std::optional<std::int64_t> steps = std::nullopt;
     };
+
+    static void WriteNumber(TextBuffer& text, const wchar_t* format, const Number& number);
 
     Number ShownNumber(double value) const;
     bool IsRewritten(double shown) const;

@@ -60,8 +60,9 @@ InchFraction NearestFraction(double inches, unsigned int precision)
     const double step = 1.0 / denominator;
     const double halfStep = 0.5 * step;
     fraction.numerator = TruncateToInt(denominator * rest);
-    if (rest - fraction.numerator * step > halfStep + (halfStep * c_fractionTolerance + c_fractionTolerance))
-        fraction.numerator = NextInt(fraction.numerator);
+    // Up or down is chance: no branch. The numerator is no larger than the denominator.
+    fraction.numerator +=
+        rest - fraction.numerator * step > halfStep + (halfStep * c_fractionTolerance + c_fractionTolerance) ? 1 : 0;
 
     if (fraction.numerator == fraction.denominator)
         return {NextInt(fraction.inches), 0, 1};
@@ -173,12 +174,4 @@ std::size_t WriteImperialText(wchar_t* out, double value, LengthIn in, unsigned 
                                    : WriteDecimalInches(end, magnitude, precision);
     *end = L'\0';
     return static_cast<std::size_t>(end - out);
-}
-
-void AppendImperialText(CString& text, double value, LengthIn in, unsigned int precision, wchar_t separator,
-                        Unit::enumUNITFORMAT format)
-{
-    wchar_t buffer[c_imperialTextCapacity];
-    const std::size_t length = WriteImperialText(buffer, value, in, precision, separator, format);
-    text.Append(buffer, static_cast<int>(length));
 }

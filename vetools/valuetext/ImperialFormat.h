@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "vetools/framework/CString.h"
 #include "vetools/framework/NumberText.h"
 #include "vetools/units/ImperialFactors.h"
 #include "vetools/units/UnitTypes.h"
@@ -44,10 +43,7 @@ inline constexpr unsigned int c_imperialFractionBits = 30;
 inline constexpr std::size_t c_imperialTextCapacity = 16 + FixedTextCapacity(static_cast<int>(c_imperialDecimals));
 
 /// Writes the text and a terminator into `out`, which has room for c_imperialTextCapacity characters. Returns the length
-/// without the terminator; 0 with an empty text for a format other than 2 and 4.
+/// without the terminator; 0 with an empty text for a format other than 2 and 4. A fraction writes no character but those
+/// of the text; decimals use room behind it.
 std::size_t WriteImperialText(wchar_t* out, double value, LengthIn in, unsigned int precision, wchar_t separator,
                               Unit::enumUNITFORMAT format);
-
-/// Appends the text, nothing for a format other than 2 and 4.
-void AppendImperialText(CString& text, double value, LengthIn in, unsigned int precision, wchar_t separator,
-                        Unit::enumUNITFORMAT format);

@@ -58,36 +58,9 @@ double TakeNumber(std::wstring_view& text, wchar_t separator)
     return ReadDouble(number);
 }
 
-/// Takes everything before the next number.
-std::wstring_view TakeMark(std::wstring_view& text, wchar_t separator)
+Mark MarkOf(wchar_t character)
 {
-    std::size_t length = 0;
-    while (length < text.size() && !IsOfNumber(text[length], separator))
-        ++length;
-    const std::wstring_view mark = text.substr(0, length);
-    text.remove_prefix(length);
-    return mark;
-}
-
-/// A mark ends at its first blank or tab.
-std::wstring_view CutAtBlank(std::wstring_view mark)
-{
-    std::size_t length = 0;
-    while (length < mark.size() && mark[length] != L' ' && mark[length] != L'\t')
-        ++length;
-    return mark.substr(0, length);
-}
-
-Mark ReadMark(std::wstring_view text)
-{
-    text = CutAtBlank(text);
-    if (text.empty())
-        return Mark::None;
-    if (text.size() == 2 && text[0] == L'\'' && text[1] == L'-')
-        return Mark::FootDash;
-    if (text.size() != 1)
-        return Mark::Other;
-    switch (text[0])
+    switch (character)
     {
     case L'\'':
         return Mark::Foot;
@@ -102,24 +75,49 @@ Mark ReadMark(std::wstring_view text)
     }
 }
 
-/// A '-' that is the whole leading mark is the sign.
-Mark ReadLeadingMark(std::wstring_view text)
+/// Takes everything before the next number. A mark ends at its first blank or tab.
+Mark TakeMark(std::wstring_view& text, wchar_t separator)
 {
-    const bool isSign = text.size() == 1 && text[0] == L'-';
-    return isSign ? Mark::None : ReadMark(text);
+    Mark mark = Mark::None;
+    bool ended = false;
+    std::size_t length = 0;
+    for (; length < text.size() && !IsOfNumber(text[length], separator); ++length)
+    {
+        const wchar_t character = text[length];
+        ended |= character == L' ' || character == L'\t';
+        if (ended)
+            continue;
+        if (length == 0)
+            mark = MarkOf(character);
+        else if (length == 1 && mark == Mark::Foot && character == L'-')
+            mark = Mark::FootDash;
+        else
+            mark = Mark::Other;
+    }
+    text.remove_prefix(length);
+    return mark;
+}
+
+/// A '-' that is the whole leading mark is the sign.
+Mark TakeLeadingMark(std::wstring_view& text, wchar_t separator)
+{
+    const std::size_t before = text.size();
+    const Mark mark = TakeMark(text, separator);
+    const bool isSign = mark == Mark::Dash && before - text.size() == 1;
+    return isSign ? Mark::None : mark;
 }
 
 /// False for a text with no number or a fifth one.
 bool Split(std::wstring_view text, wchar_t separator, NumbersAndMarks& parts)
 {
     parts.count = 0;
-    parts.marks[0] = ReadLeadingMark(TakeMark(text, separator));
+    parts.marks[0] = TakeLeadingMark(text, separator);
     while (!text.empty())
     {
         if (parts.count == c_maximumNumbers)
             return false;
         parts.numbers[parts.count++] = TakeNumber(text, separator);
-        parts.marks[parts.count] = ReadMark(TakeMark(text, separator));
+        parts.marks[parts.count] = TakeMark(text, separator);
     }
     return parts.count != 0;
 }

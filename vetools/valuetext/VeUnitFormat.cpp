@@ -22,14 +22,32 @@ bool IsShownAsFeetAndInches(const CVeUnitBase& unit)
            unit.GetUnitFormat() != Unit::UNITFORMAT_IMPERIAL_DECIMAL;
 }
 
-void AppendFeetInches(CString& text, const CVeUnitBase& unit, double metres)
+/// Writes the text and a terminator into `out` as WriteImperialText does, and returns its length.
+std::size_t WriteFeetInches(wchar_t* out, const CVeUnitBase& unit, double metres)
 {
     const Unit::enumUNITFORMAT format = unit.GetUnitFormat();
-    if (format == Unit::UNITFORMAT_FEET_INCHES || unit.GetRange() == c_feetAndFractions)
-        AppendImperialText(text, metres * c_feetPerMetre, LengthIn::Feet, unit.GetPrecision(), unit.GetSep(), format);
-    else if (unit.GetRange() == c_inchesAndFractions)
-        AppendImperialText(text, metres * c_inchesPerMetre, LengthIn::Inches, unit.GetPrecision(), unit.GetSep(),
-                           format);
+    const unsigned int range = unit.GetRange();
+    if (format == Unit::UNITFORMAT_FEET_INCHES || range == c_feetAndFractions)
+        return WriteImperialText(out, metres * c_feetPerMetre, LengthIn::Feet, unit.GetPrecision(), unit.GetSep(), format);
+    if (range == c_inchesAndFractions)
+        return WriteImperialText(out, metres * c_inchesPerMetre, LengthIn::Inches, unit.GetPrecision(), unit.GetSep(),
+                                 format);
+    *out = L'\0';
+    return 0;
+}
+
+/// The text of a length in a unit of format 2 or 4, which the buffer receives as well.
+/// Kept: whole, whatever the size of the buffer, and always with its marks.
+CString FeetInchesText(const CVeUnitBase& unit, double metres, const CallerBuffer& buffer)
+{
+    // A fraction can be made in the buffer itself.
+    if (buffer.Data() != nullptr && unit.GetUnitFormat() == Unit::UNITFORMAT_FRACTION)
+        return CString(std::wstring_view(buffer.Data(), WriteFeetInches(buffer.Data(), unit, metres)));
+
+    wchar_t text[c_imperialTextCapacity];
+    const std::wstring_view written(text, WriteFeetInches(text, unit, metres));
+    buffer.CopyWhole(written);
+    return CString(written);
 }
 
 /// A text that the unit's format does not make: CVeImperialLength's own for a name without a length mark, otherwise what
@@ -54,15 +72,10 @@ CString ImperialLengthText(const CVeUnitBase& unit, double value, const ValueTex
 {
     const double metres = options.applyMetricsFactor ? value / unit.GetMetricsFactor() : value;
     const Unit::enumUNITFORMAT format = unit.GetUnitFormat();
-    CString text;
     if (lengthName && (format == Unit::UNITFORMAT_FEET_INCHES || format == Unit::UNITFORMAT_FRACTION))
-    {
-        AppendFeetInches(text, unit, metres);
-        buffer.CopyWhole(text.View());  // Kept: whole, whatever the size of the buffer, and always with its marks
-        return text;
-    }
+        return FeetInchesText(unit, metres, buffer);
 
-    text = TextInBuffer(unit, metres, lengthName, buffer);
+    CString text = TextInBuffer(unit, metres, lengthName, buffer);
     if (!options.withUnit)
         CVeUnitBase::EliminateUnitsSymbol(unit.GetIDUnit(), text);
     buffer.CopyBack(text.View());
@@ -78,7 +91,7 @@ CString ClassicText(const CVeUnitBase& unit, double value, const wchar_t* format
         return ImperialLengthText(unit, value, options, decimal.HasLengthName(), buffer);
 
     TextBuffer text;
-    decimal.Write(text, value, format, buffer);
+    decimal.Write(text, value, format, buffer, buffer.Room());
     return CString(buffer.TakesCopies() ? buffer.Cut(text.View()) : text.View());
 }
 
@@ -123,10 +136,14 @@ std::size_t CVeUnitBase::Double2String(std::span<wchar_t> buffer, double value, 
     if (IsShownAsFeetAndInches(*this))
         text.Assign(ImperialLengthText(*this, value, options, decimal.HasLengthName(), CallerBuffer::None()).View());
     else
-        decimal.Write(text, value, nullptr, CallerBuffer::None());
+        decimal.Write(text, value, nullptr, CallerBuffer::None(), buffer.first(std::max<std::size_t>(buffer.size(), 1) - 1));
 
     const std::wstring_view whole = text.View();
-    if (!buffer.empty())
-        *std::copy_n(whole.data(), std::min(whole.size(), buffer.size() - 1), buffer.data()) = L'\0';
+    if (buffer.empty())
+        return whole.size();
+    const std::size_t length = std::min(whole.size(), buffer.size() - 1);
+    if (whole.data() != buffer.data())
+        std::copy_n(whole.data(), length, buffer.data());
+    buffer[length] = L'\0';
     return whole.size();
 }
