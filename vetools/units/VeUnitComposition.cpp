@@ -85,10 +85,13 @@ void AppendTo(wchar_t (&buffer)[capacity], std::wstring_view suffix)
 
 void CVeUnitBase::SetExponent(int exponent)
 {
-    // In doubles: a unit whose power is 0 divides by zero, which gives an infinite or undefined coefficient.
-    Coef = Power(Coef, static_cast<double>(exponent) / static_cast<double>(Exponent));
-    ReplacePower(Name, Exponent, exponent);
-    ReplacePower(Title, Exponent, exponent);
+    if (exponent != 1 || Exponent != 1)  // a plain unit that stays one keeps coefficient and texts
+    {
+        // In doubles: a unit whose power is 0 divides by zero, which gives an infinite or undefined coefficient.
+        Coef = Power(Coef, static_cast<double>(exponent) / static_cast<double>(Exponent));
+        ReplacePower(Name, Exponent, exponent);
+        ReplacePower(Title, Exponent, exponent);
+    }
     CopyTruncated(GetName().View(), Name);  // Kept: "² becomes sq in for good
     GetTitle();
     Exponent = exponent;
