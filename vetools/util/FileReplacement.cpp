@@ -78,6 +78,19 @@ CString FinalPath(const CFile& file)
     return path;
 }
 
+/// Writes a file anew where it is. What stands there is not given up before: overwritten, the same place on the disk holds
+/// it, full as that may be.
+bool WriteInPlace(const wchar_t* path, const void* bytes, UINT size)
+{
+    CFile file;
+    if (!file.Open(path, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite))
+        return false;
+    file.Write(bytes, size);
+    file.SetLength(size);
+    file.Close();
+    return true;
+}
+
 }  // namespace
 
 bool ReplaceFileContents(const wchar_t* path, const void* bytes, UINT size)
@@ -87,9 +100,15 @@ bool ReplaceFileContents(const wchar_t* path, const void* bytes, UINT size)
     const bool exists = target.Open(path, CFile::modeWrite);
     if (!exists && ::GetLastError() != ERROR_FILE_NOT_FOUND)
         return false;
-    const bool isPlainFile = !exists || ::GetFileType(target.m_hFile) == FILE_TYPE_DISK;
+    if (exists && ::GetFileType(target.m_hFile) != FILE_TYPE_DISK)
+    {
+        // Not opened a second time: the reader of a pipe would take that for its end.
+        target.Write(bytes, size);
+        target.Close();
+        return true;
+    }
     const CString place = exists ? FinalPath(target) : CString(path);
-    if (isPlainFile && !place.IsEmpty())
+    if (!place.IsEmpty())
     {
         AsideFile aside(place);
         if (aside.IsOpen())
@@ -101,9 +120,5 @@ bool ReplaceFileContents(const wchar_t* path, const void* bytes, UINT size)
         }
     }
     target.Abort();
-    if (!target.Open(path, CFile::modeCreate | CFile::modeWrite))
-        return false;
-    target.Write(bytes, size);
-    target.Close();
-    return true;
+    return WriteInPlace(path, bytes, size);
 }

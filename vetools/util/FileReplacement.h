@@ -7,6 +7,6 @@
 /// what stood there before is still whole.
 ///
 /// False when the file can't be opened for writing: nothing is written then. Throws a CFileException when writing fails.
-/// A link is followed. What is no plain file (a pipe, a device), and a file whose folder takes no second file, is
-/// written to directly.
+/// A link is followed. What is no plain file (a pipe, a device) is written to directly. So is a file whose folder takes no
+/// second file: its bytes are overwritten and then its length is cut, so that a full disk needs no further room.
 bool ReplaceFileContents(const wchar_t* path, const void* bytes, UINT size);
