@@ -40,6 +40,7 @@ constexpr ErrorCause c_errorCauses[] = {
     {ERROR_BAD_PATHNAME,          CFileException::badPath},
     {ERROR_ALREADY_EXISTS,        CFileException::accessDenied},
     {ERROR_FILENAME_EXCED_RANGE,  CFileException::badPath},
+    {ERROR_IO_DEVICE,             CFileException::hardIO},
     {ERROR_DISK_QUOTA_EXCEEDED,   CFileException::diskFull},
 };
 // clang-format on
