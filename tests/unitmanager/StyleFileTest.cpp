@@ -251,6 +251,20 @@ TEST(StyleFile, IsLoadedByTheConstructorOnRequest)
     EXPECT_EQ(L',', plain.GetVisUnit(1).GetSep());  // made before the separator changed
 }
 
+TEST(StyleFile, ThatCannotBeReadByTheConstructorLeavesNothingBehind)
+{
+    // A file of the system's that opens and whose first byte cannot be read; where there is none, there is no style.
+    try
+    {
+        const CVeUnitManager manager(L"/proc/self/", L"mem", L"", L'.', 1.0, 1);
+    }
+    catch (CFileException* exception)
+    {
+        EXPECT_EQ(CString(L"/proc/self/mem"), exception->m_strFileName);
+        exception->Delete();
+    }
+}
+
 TEST(StyleFile, RefreshesEveryUnitAfterLoadingByNameAlsoWithoutAFile)
 {
     const TestFolder folder;

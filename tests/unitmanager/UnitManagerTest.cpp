@@ -603,6 +603,45 @@ TEST(CompositeUnits, AreUpdatedAfterTheUnitHasChanged)
     EXPECT_TRUE(manager.UpdateCompositeUnits(5));
 }
 
+TEST(CompositeUnits, MayUseTheManagerWhileTheyAreUpdated)
+{
+    struct Busy : CVeCompositeUnit
+    {
+        explicit Busy(unsigned int id)
+            : m_id(id)
+        {
+            m_pUnit = &m_unit;
+        }
+        bool Update(CVeUnitManager* manager, unsigned int idUnit) override
+        {
+            m_unit = manager->GetVisUnit(5);
+            if (idUnit == 5)
+                manager->SetVisUnit(6, 0, m_unit.GetPrecision() + 1);
+            if (idUnit == 6 && m_id < 32)
+                AddNext(*manager);
+            return true;
+        }
+        void AddNext(CVeUnitManager& manager) const
+        {
+            auto next = std::make_unique<Busy>(m_id + 1);
+            if (manager.AddCompositeUnit(next.get(), m_id + 1))
+                next.release();
+        }
+        unsigned int m_id;
+        CVeUnit m_unit;
+    };
+    CVeUnitManager manager;
+    auto first = std::make_unique<Busy>(27);
+    ASSERT_TRUE(manager.AddCompositeUnit(first.get(), 27));
+    first.release();
+    manager.SetVisUnit(5, 1, 7);
+    EXPECT_EQ(8u, manager.GetVisUnit(6).GetPrecision());
+    // A composite that is added behind the one that adds it is reached by the same walk.
+    for (unsigned int id = 27; id <= 32; ++id)
+        EXPECT_EQ(7u, manager.GetVisUnit(id).GetPrecision()) << id;
+    EXPECT_EQ(&manager.GetVisUnit(1), &manager.GetVisUnit(33));
+}
+
 TEST(CompositeUnits, AreDeletedWithTheManagerInTheOrderOfTheirIds)
 {
     Composite::Forget();

@@ -66,10 +66,11 @@ CVeUnitManager::CVeUnitManager()
     UpdateUnitsMetricsFactor(m_metricsFactor);
 }
 
-CVeUnitManager::CVeUnitManager(wchar_t* folder, wchar_t* name, wchar_t* extension, wchar_t separator,
+// By way of the default constructor: the units are then deleted when reading the style throws.
+CVeUnitManager::CVeUnitManager(const wchar_t* folder, const wchar_t* name, const wchar_t* extension, wchar_t separator,
                                double metricsFactor, int load)
+    : CVeUnitManager()
 {
-    SetDefaultValues();
     CopyText(m_folder, folder);
     CopyText(m_styleName, name);
     CopyText(m_extension, extension);
@@ -156,7 +157,10 @@ void CVeUnitManager::SetVisUnit(unsigned int idUnit, unsigned int range, unsigne
 void CVeUnitManager::GetTabUnit(CVeUnit* out)
 {
     for (std::size_t i = 0; i < std::size(m_units); ++i)
-        out[i] = static_cast<const CVeUnitBase&>(*m_units[i]);
+    {
+        if (m_units[i])
+            out[i] = static_cast<const CVeUnitBase&>(*m_units[i]);
+    }
 }
 
 void CVeUnitManager::SetNameStyleUnit(const wchar_t* name)

@@ -38,8 +38,9 @@ public:
     /// one for the whole process and `metricsFactor` this manager's. When `load` is not 0, the style `name` is loaded from
     /// `folder` (with its trailing path separator) and `extension` (with its dot); a missing file changes nothing.
     /// The texts are cut to 259 (folder, name) and 255 (extension) characters; null stands for an empty text.
-    CVeUnitManager(wchar_t* folder, wchar_t* name, wchar_t* extension, wchar_t separator, double metricsFactor,
-                   int load);
+    /// Throws a CFileException when reading the style fails.
+    CVeUnitManager(const wchar_t* folder, const wchar_t* name, const wchar_t* extension, wchar_t separator,
+                   double metricsFactor, int load);
 
     /// A deep copy of paths, metrics factor and units. Composites are not copied: they belong to the other manager. A null
     /// pointer gives what the default constructor does.
@@ -163,7 +164,7 @@ private:
     wchar_t m_folder[260] = {};
     wchar_t m_styleName[260] = {};
     wchar_t m_extension[256] = {};
-    CVeUnit* m_units[26] = {};
+    CVeUnit* m_units[26] = {};  ///< null where there was no memory for a unit
     mutable double m_metricsFactor = 1.0;
     std::map<unsigned int, CVeCompositeUnit*> m_composites;
 };

@@ -58,7 +58,10 @@ int CVeUnitManager::SaveStyleUnit()
     CMemFile style;
     WriteHeader(style);
     for (const CVeUnit* unit : m_units)
-        unit->Save(style);
+    {
+        if (unit)
+            unit->Save(style);
+    }
     ReplaceFileContents(StylePath(), style.GetBytes(), static_cast<UINT>(style.GetLength()));
     return 1;
 }
@@ -84,7 +87,7 @@ void CVeUnitManager::ReadStyle(Predicate hasRecord)
     const int version = ReadHeader(style);
     for (unsigned int idUnit = 1; idUnit <= c_unitIdCount; ++idUnit)
     {
-        if (hasRecord(idUnit, version))
+        if (m_units[idUnit - 1] && hasRecord(idUnit, version))
             m_units[idUnit - 1]->Load(style, static_cast<unsigned int>(version));
     }
 }
