@@ -323,8 +323,10 @@ TEST(StyleFile, IsNotWrittenIntoAMissingFolderNorOverAReadOnlyFile)
     WriteBytes(folder / "style.units", {1, 2, 3});
     const fs::perms writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     fs::permissions(folder / "style.units", writing, fs::perm_options::remove);
+    // Wine lets root write the file.
+    const bool refused = !CFile().Open(folder[L"style.units"], CFile::modeWrite);
     EXPECT_EQ(1, ManagerIn(folder).SaveStyleUnit());
-    EXPECT_EQ((Bytes{1, 2, 3}), ReadBytes(folder / "style.units"));
+    EXPECT_EQ(refused, ReadBytes(folder / "style.units") == (Bytes{1, 2, 3}));
     EXPECT_EQ(1u, folder.Count());
     fs::permissions(folder / "style.units", fs::perms::owner_write, fs::perm_options::add);
 }

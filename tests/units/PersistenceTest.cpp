@@ -455,8 +455,8 @@ TEST(UnitLoad, TakesAnyBytes)
     for (int round = 0; round < 500; ++round)
     {
         Bytes bytes(random() % 900);
-        for (std::uint8_t& byte : bytes)
-            byte = static_cast<std::uint8_t>(random() % 4 ? random() : 0x30 + random() % 10);
+        for (std::uint8_t& value : bytes)
+            value = static_cast<std::uint8_t>(random() % 4 ? random() : 0x30 + random() % 10);
         for (CVeUnitBase unit : {Loaded(bytes), Loaded(bytes, 1012), LoadedOld(bytes)})
         {
             EXPECT_LE(NameOf(unit).size(), 19u);
