@@ -203,6 +203,24 @@ TEST(StyleFile, HasTheRecordsThatItsVersionAndTheLoaderSay)
     }
 }
 
+TEST(StyleFile, KeptTheLoadersDisagreeOnTheOldestFiles)
+{
+    const TestFolder folder;
+    WriteBytes(folder / "style.units", StyleOf(L"1000", IdsWithout({22, 23, 24, 25, 26})));
+    CVeUnitManager manager = ManagerIn(folder);
+    // By name, 13 and 14 are passed over and the records that follow 12 slide up; without a name, those that follow 11.
+    EXPECT_EQ(1, manager.LoadStyleUnit(L"style"));
+    EXPECT_EQ(PrecisionOf(12), manager.GetVisUnit(12).GetPrecision());
+    EXPECT_EQ(2u, manager.GetVisUnit(13).GetPrecision());
+    EXPECT_EQ(0u, manager.GetVisUnit(14).GetPrecision());
+    EXPECT_EQ(PrecisionOf(13), manager.GetVisUnit(15).GetPrecision());
+    EXPECT_EQ(1, manager.LoadStyleUnit());
+    EXPECT_EQ(PrecisionOf(11), manager.GetVisUnit(11).GetPrecision());
+    EXPECT_EQ(PrecisionOf(12), manager.GetVisUnit(13).GetPrecision());
+    EXPECT_EQ(PrecisionOf(13), manager.GetVisUnit(14).GetPrecision());
+    EXPECT_EQ(PrecisionOf(20), manager.GetVisUnit(21).GetPrecision());
+}
+
 TEST(StyleFile, PutsTheUnitOfARecordIntoItsPlaceWhateverItsId)
 {
     const TestFolder folder;
@@ -265,7 +283,7 @@ TEST(StyleFile, ThatCannotBeReadByTheConstructorLeavesNothingBehind)
     }
 }
 
-TEST(StyleFile, RefreshesEveryUnitAfterLoadingByNameAlsoWithoutAFile)
+TEST(StyleFile, KeptRefreshesEveryUnitAfterLoadingByNameOnlyAlsoWithoutAFile)
 {
     const TestFolder folder;
     for (const Loader loader : {Loader::Named, Loader::Unnamed})

@@ -184,6 +184,22 @@ TEST(UnitRecognition, KnowsNothingElse)
     }
 }
 
+TEST(UnitRecognition, KeptListedSpellingsWithASlashOrCapitalsNeverMatch)
+{
+    for (const wchar_t* text : {L"daN/mm²", L"kg/mm²", L"kg/cm²", L"t/m²", L"kg/m²", L"lb/in²", L"lb/ft²"})
+    {
+        CVeUnit unit;
+        EXPECT_EQ(CVeUnitManager::STATUS_UNKNOWN, Recognise(text, unit)) << testing::PrintToString(std::wstring(text));
+    }
+    CVeUnit quotient;
+    EXPECT_EQ(CVeUnitManager::STATUS_OK, Recognise(L"dan/mm2", quotient));
+    EXPECT_EQ(4u, quotient.GetIDUnit());  // a quotient of its own making, not the row of the stresses
+    // The rows in capitals say the same as those in lower case, which decide.
+    CVeUnit capitals;
+    EXPECT_EQ(CVeUnitManager::STATUS_OK, Recognise(L"MN", capitals));
+    EXPECT_EQ(3u, capitals.GetRange());
+}
+
 TEST(UnitRecognition, SaysWhenTheTextIsEmpty)
 {
     CVeUnit unit(2, 2, 7, L'.', 3.0, 1);

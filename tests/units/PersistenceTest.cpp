@@ -203,7 +203,7 @@ TEST(UnitSave, GivesTheFileOneBlockAtATime)
     EXPECT_EQ(L"kN", NameOf(unit));
 }
 
-TEST(UnitLoad, ReadsOneFieldMoreFromVersion1012)
+TEST(UnitLoad, KeptReadsOneFieldMoreFromVersion1012ThoughSaveWritesNone)
 {
     const struct
     {

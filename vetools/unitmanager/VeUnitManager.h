@@ -151,6 +151,7 @@ public:
     /// replaces all of it.
     /// Kept: the spellings of forces give the id of the masses, with the range of the force. Where the masses have no such
     /// range, texts and coefficient stay those that `out` had before.
+    /// Kept: a power that `out` had goes into the coefficient: after a square, that of "mm" is the root of 1000.
     /// Kept: "daN/mm²" and its kind are unknown, while "dan/mm2" is a quotient.
     static statusCode UnitFromString(CString text, CVeUnit& out);
 
