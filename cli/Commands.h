@@ -18,4 +18,6 @@ struct Command
 Command MakeConvertCommand(CLI::App& program);
 Command MakeFormatCommand(CLI::App& program);
 Command MakeParseCommand(CLI::App& program);
+Command MakeRecogniseCommand(CLI::App& program);
+Command MakeStyleCommand(CLI::App& program);
 Command MakeUnitsCommand(CLI::App& program);

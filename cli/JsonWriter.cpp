@@ -63,6 +63,12 @@ void JsonWriter::Add(std::string_view key, std::uint64_t number)
     m_line.append(std::to_string(number));
 }
 
+void JsonWriter::AddFlag(std::string_view key, bool flag)
+{
+    AddKey(key);
+    m_line.append(flag ? "true" : "false");
+}
+
 void JsonWriter::AddNull(std::string_view key)
 {
     AddKey(key);

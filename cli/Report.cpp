@@ -13,25 +13,6 @@ namespace
 {
 
 constexpr std::string_view c_blanks = " \t";
-constexpr std::size_t c_longestEcho = 60;
-
-// A text as a message shows it: cut when it is long, without control characters.
-std::string Echo(std::string_view text)
-{
-    std::string shown = RepairUtf8(text.substr(0, c_longestEcho * 4));
-    std::size_t end = 0;
-    for (std::size_t count = 0; end < shown.size() && count < c_longestEcho; ++count)
-        do
-            ++end;
-        while (end < shown.size() && (static_cast<unsigned char>(shown[end]) & 0xC0u) == 0x80u);
-    const bool isCut = end < shown.size() || text.size() > c_longestEcho * 4;
-    shown.resize(end);
-    for (char& character : shown)
-        if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F)
-            character = '?';
-    return "“" + shown + (isCut ? "…”" : "”");
-}
-
 class Reporter
 {
 public:
@@ -77,7 +58,7 @@ public:
         if (m_progress)
             m_progress->Hide();
         const std::string place = value.line == 0 ? "" : "line " + std::to_string(value.line) + ": ";
-        WriteMessage(place + Echo(value.text) + ": " + std::string(expected));
+        WriteMessage(place + "“" + ShowText(value.text) + "”" + ": " + std::string(expected));
         if (m_settings.json)
             return WriteJson(value, nullptr, expected);
         if (value.line != 0)

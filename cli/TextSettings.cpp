@@ -12,7 +12,6 @@
 namespace
 {
 
-constexpr unsigned int c_mostDecimals = 15;
 constexpr unsigned int c_finestFraction = 8; // 1/256 of an inch
 constexpr int c_lastThreshold = 5;
 
@@ -40,12 +39,23 @@ void ReplacePoint(std::wstring_view text, wchar_t* out, wchar_t separator)
 
 } // namespace
 
+CLI::Option* AddPrecisionOption(CLI::App& command, std::function<void(unsigned int)> set)
+{
+    constexpr unsigned int c_mostDecimals = 15;
+    return command
+        .add_option_function<unsigned int>("-p,--precision", std::move(set), "Decimals, 0 to 15; fineness of fractions, 0 to 8: 4 gives 1/16\"")
+        ->check(CLI::Range(0u, c_mostDecimals));
+}
+
+void CheckPrecision(unsigned int precision, const CVeUnitBase& unit)
+{
+    if (unit.GetUnitFormat() == Unit::UNITFORMAT_FRACTION && precision > c_finestFraction)
+        throw UsageError("--precision: expected 0 to 8 for fractions of an inch");
+}
+
 void AddTextOptions(CLI::App& command, TextSettings& settings)
 {
-    command.add_option("-p,--precision", settings.precision,
-                       "Decimals, 0 to 15; fineness of fractions, 0 to 8: 4 gives 1/16\"")
-        ->check(CLI::Range(0u, c_mostDecimals))
-        ->option_text("N (3)");
+    AddPrecisionOption(command, [&settings](unsigned int precision) { settings.precision = precision; })->option_text("N (3)");
     const std::map<std::string, bool> choices = {{"keep", false}, {"remove", true}};
     command.add_option("--trailing-zeros", settings.removeTrailingZeros, "What happens to the zeros of 12.500")
         ->transform(CLI::CheckedTransformer(choices))
@@ -98,8 +108,7 @@ ValueWriter::ValueWriter(const UnitChoice& unit, const TextSettings& settings)
       m_appendsSymbol(settings.withUnit && !m_symbol.empty() && !WritesMarks(m_unit)), m_buffer{}
 {
     CheckMetricsFactor(settings.metricsFactor, unit);
-    if (m_unit.GetUnitFormat() == Unit::UNITFORMAT_FRACTION && settings.precision > c_finestFraction)
-        throw UsageError("--precision: expected 0 to 8 for fractions of an inch");
+    CheckPrecision(settings.precision, m_unit);
     m_unit.SetPrecision(settings.precision);
     m_unit.SetMetricsFactor(settings.metricsFactor);
 }

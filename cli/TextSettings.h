@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "cli/UnitLookup.h"
@@ -7,6 +8,7 @@
 namespace CLI
 {
 class App;
+class Option;
 }
 
 /// How a value is written: the library's settings, as the options of the command give them.
@@ -24,6 +26,10 @@ struct TextSettings
 
 /// --precision, --trailing-zeros, --exponent-notation, --superscript, --drop-zero-superscript, --no-unit.
 void AddTextOptions(CLI::App& command, TextSettings& settings);
+
+/// --precision alone, and what it may be in a unit: throws UsageError for a fraction finer than the library writes.
+CLI::Option* AddPrecisionOption(CLI::App& command, std::function<void(unsigned int)> set);
+void CheckPrecision(unsigned int precision, const CVeUnitBase& unit);
 
 /// --separator and --metrics-factor, which reading and writing share.
 void AddSeparatorOption(CLI::App& command, char& separator);

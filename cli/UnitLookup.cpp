@@ -208,6 +208,21 @@ std::string DescribeUnit(const UnitChoice& unit)
            " (" + DescribeMeasure(unit.id, unit.exponent) + ")";
 }
 
+const char* DescribeFormat(Unit::enumUNITFORMAT format)
+{
+    switch (format)
+    {
+    case Unit::UNITFORMAT_FEET_INCHES:
+        return "feet-inches";
+    case Unit::UNITFORMAT_IMPERIAL_DECIMAL:
+        return "imperial decimal";
+    case Unit::UNITFORMAT_FRACTION:
+        return "fraction";
+    default:
+        return "decimal";
+    }
+}
+
 std::vector<unsigned int> RangesOf(unsigned int id)
 {
     constexpr std::wstring_view c_unknownRange = L"---";

@@ -30,6 +30,9 @@ CVeUnitBase MakeUnitOf(const UnitChoice& unit);
 /// What the library knows about the unit as "2:4  kg  KgForce (force)".
 std::string DescribeUnit(const UnitChoice& unit);
 
+/// How a unit writes its values: "decimal", "imperial decimal", "feet-inches", "fraction".
+const char* DescribeFormat(Unit::enumUNITFORMAT format);
+
 /// Finds units by what people write:
 ///
 ///   kN  kN·m  kNm  µm  ''  klb  mm2  m²  cm^4  "sq in"   a symbol, first in its exact case, then in any

@@ -1,7 +1,5 @@
 #include "cli/Commands.h"
 
-#include <algorithm>
-#include <array>
 #include <memory>
 #include <CLI/CLI.hpp>
 
@@ -9,6 +7,7 @@
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/Quantities.h"
+#include "cli/TextTable.h"
 #include "cli/UnitLookup.h"
 #include "cli/Utf8.h"
 
@@ -32,41 +31,9 @@ struct UnitsSettings
     bool json = false;
 };
 
-enum Column
-{
-    c_columnId,
-    c_columnRange,
-    c_columnSymbol,
-    c_columnTitle,
-    c_columnCoefficient,
-    c_columnType,
-    c_columnFormat,
-    c_columnQuantity,
-    c_columnCount,
-};
-
-using Row = std::array<std::string, c_columnCount>;
-
-const Row c_headings = {"id", "range", "symbol", "title", "coefficient", "type", "format", "quantity"};
-
 const char* TypeText(Unit::UNIT_TYPE type)
 {
     return type == Unit::UNIT_TYPE_IMPERIAL ? "imperial" : "metric";
-}
-
-const char* FormatText(Unit::enumUNITFORMAT format)
-{
-    switch (format)
-    {
-    case Unit::UNITFORMAT_FEET_INCHES:
-        return "feet-inches";
-    case Unit::UNITFORMAT_IMPERIAL_DECIMAL:
-        return "imperial decimal";
-    case Unit::UNITFORMAT_FRACTION:
-        return "fraction";
-    default:
-        return "decimal";
-    }
 }
 
 // The rows of the catalogue that were asked for, each with its unit.
@@ -79,38 +46,19 @@ void VisitUnits(const Quantity* wanted, const Visitor& visit)
                 visit(quantity, MakeUnitOf({quantity.id, range, 1}));
 }
 
-Row MakeRow(const Quantity& quantity, CVeUnitBase unit)
+TextTable MakeTable()
 {
-    Row row;
-    row[c_columnId] = std::to_string(unit.GetIDUnit());
-    row[c_columnRange] = std::to_string(unit.GetRange());
-    row[c_columnSymbol] = ToUtf8(unit.GetName().GetString());
-    row[c_columnTitle] = ToUtf8(unit.GetTitle());
-    AppendShortest(row[c_columnCoefficient], unit.GetCoef());
-    row[c_columnType] = TypeText(unit.GetType());
-    row[c_columnFormat] = FormatText(unit.GetUnitFormat());
-    row[c_columnQuantity] = quantity.name;
-    return row;
+    constexpr TextTable::Align c_right = TextTable::Align::Right;
+    return TextTable({{"id", c_right}, {"range", c_right}, {"symbol"}, {"title"}, {"coefficient"}, {"type"}, {"format"}, {"quantity"}});
 }
 
-void WriteTable(Output& output, const std::vector<Row>& rows)
+void AddRow(TextTable& table, const Quantity& quantity, CVeUnitBase unit)
 {
-    std::array<std::size_t, c_columnCount> widths = {};
-    for (const Row& row : rows)
-        for (std::size_t column = 0; column < c_columnCount; ++column)
-            widths[column] = std::max(widths[column], CountCodePoints(row[column]));
-    for (const Row& row : rows)
-    {
-        std::string line;
-        for (std::size_t column = 0; column < c_columnCount; ++column)
-        {
-            const std::string padding(widths[column] - CountCodePoints(row[column]), ' ');
-            const bool isNumber = column == c_columnId || column == c_columnRange;
-            line += (column == 0 ? "" : "  ") + (isNumber ? padding + row[column] : row[column] + padding);
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        output.Write(line + "\n");
-    }
+    std::string coefficient;
+    AppendShortest(coefficient, unit.GetCoef());
+    table.Add({std::to_string(unit.GetIDUnit()), std::to_string(unit.GetRange()), ToUtf8(unit.GetName().GetString()),
+               ToUtf8(unit.GetTitle()), coefficient, TypeText(unit.GetType()), DescribeFormat(unit.GetUnitFormat()),
+               quantity.name});
 }
 
 void WriteJson(Output& output, const Quantity& quantity, CVeUnitBase unit)
@@ -123,7 +71,7 @@ void WriteJson(Output& output, const Quantity& quantity, CVeUnitBase unit)
     json.Add("title", ToUtf8(unit.GetTitle()));
     json.Add("coefficient", unit.GetCoef());
     json.Add("type", TypeText(unit.GetType()));
-    json.Add("format", FormatText(unit.GetUnitFormat()));
+    json.Add("format", DescribeFormat(unit.GetUnitFormat()));
     json.Add("quantity", quantity.name);
     output.Write(json.End());
 }
@@ -143,9 +91,9 @@ int RunUnits(const UnitsSettings& settings)
         VisitUnits(wanted, [&](const Quantity& quantity, const CVeUnitBase& unit) { WriteJson(output, quantity, unit); });
     else
     {
-        std::vector<Row> rows = {c_headings};
-        VisitUnits(wanted, [&](const Quantity& quantity, const CVeUnitBase& unit) { rows.push_back(MakeRow(quantity, unit)); });
-        WriteTable(output, rows);
+        TextTable table = MakeTable();
+        VisitUnits(wanted, [&](const Quantity& quantity, const CVeUnitBase& unit) { AddRow(table, quantity, unit); });
+        table.Write(output);
     }
     output.Flush();
     return c_exitDone;

@@ -187,3 +187,21 @@ std::size_t CountCodePoints(std::string_view text)
         count += (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u;
     return count;
 }
+
+std::string ShowText(std::string_view text)
+{
+    constexpr std::size_t c_longest = 60;
+    constexpr std::size_t c_mostBytes = 4 * c_longest;
+    std::string shown = RepairUtf8(text.substr(0, c_mostBytes));
+    std::size_t end = 0;
+    for (std::size_t count = 0; end < shown.size() && count < c_longest; ++count)
+        do
+            ++end;
+        while (end < shown.size() && (static_cast<unsigned char>(shown[end]) & 0xC0u) == 0x80u);
+    const bool isCut = end < shown.size() || text.size() > c_mostBytes;
+    shown.resize(end);
+    for (char& character : shown)
+        if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F)
+            character = '?';
+    return isCut ? shown + "…" : shown;
+}

@@ -19,6 +19,8 @@ constexpr const char* c_help = R"(Examples:
   vetools format 12500 kN --precision 1
   vetools parse "12.5 kN" kN
   vetools units force
+  vetools recognise kN/m2 "''2"
+  vetools style new site.vus
   vetools convert kN lb --csv loads.csv --column Load
 
 "vetools convert --help" and so on teach each command by examples.
@@ -41,13 +43,15 @@ int WriteText(const std::string& text)
     return c_exitDone;
 }
 
-int RefuseUsage(const CLI::App& program, const std::vector<Command>& commands, const std::string& problem)
+int RefuseUsage(const CLI::App& program, const std::string& problem)
 {
-    std::string help = program.get_name() + " --help";
-    for (const Command& command : commands)
-        if (command.arguments->parsed())
-            help = program.get_name() + " " + command.arguments->get_name() + " --help";
-    WriteMessage(problem + "\n“" + help + "” shows how it is used.");
+    std::string name = program.get_name();
+    for (const CLI::App* command = &program; !command->get_subcommands().empty();)
+    {
+        command = command->get_subcommands().front();
+        name += " " + command->get_name();
+    }
+    WriteMessage(problem + "\n“" + name + " --help” shows how it is used.");
     return c_exitUsage;
 }
 
@@ -59,8 +63,9 @@ int Run(std::vector<std::string> arguments)
     program.formatter(std::make_shared<HelpFormatter>());
     program.require_subcommand(1);
     program.footer(c_help);
-    const std::vector<Command> commands = {MakeConvertCommand(program), MakeFormatCommand(program),
-                                           MakeParseCommand(program), MakeUnitsCommand(program)};
+    const std::vector<Command> commands = {MakeConvertCommand(program),   MakeFormatCommand(program),
+                                           MakeParseCommand(program),     MakeUnitsCommand(program),
+                                           MakeRecogniseCommand(program), MakeStyleCommand(program)};
     try
     {
         SpellNegativeNumbers(arguments);
@@ -79,11 +84,11 @@ int Run(std::vector<std::string> arguments)
     }
     catch (const CLI::ParseError& error)
     {
-        return RefuseUsage(program, commands, error.what());
+        return RefuseUsage(program, error.what());
     }
     catch (const UsageError& error)
     {
-        return RefuseUsage(program, commands, error.what());
+        return RefuseUsage(program, error.what());
     }
     return c_exitUsage;
 }

@@ -30,6 +30,9 @@ enum class WriteResult
 /// The program's arguments without its name.
 std::vector<std::string> Arguments(int argc, char** argv);
 
+/// A path as the library opens it, however long: what the system wants in front of a long one is put there.
+std::wstring LongPath(const std::wstring& path);
+
 /// Writes all of the text, whole code points only. A terminal shows it whatever its own encoding is.
 WriteResult Write(Stream stream, std::string_view text);
 

@@ -23,20 +23,24 @@ UPDATE = False
 DONE, SOME_FAILED, USAGE = 0, 1, 2
 
 
-def run(*arguments, given=b""):
-    """Exit code, standard output and standard error of the command."""
+def run(*arguments, given=b"", folder=None):
+    """Exit code, standard output and standard error of the command, run in a folder."""
     if isinstance(given, str):
         given = given.encode()
-    done = subprocess.run([*PROGRAM, *arguments], input=given, capture_output=True, timeout=120)
+    done = subprocess.run([*PROGRAM, *arguments], input=given, capture_output=True, timeout=120, cwd=folder)
     return done.returncode, done.stdout, done.stderr.decode()
 
 
 def csv_file(content):
     """The path of a file with this content, as the program is given it."""
-    folder = tempfile.mkdtemp(dir=WORK)
+    folder = new_folder()
     path = Path(folder) / "values.csv"
     path.write_bytes(content if isinstance(content, bytes) else content.encode())
     return os.path.relpath(path)
+
+
+def new_folder():
+    return tempfile.mkdtemp(dir=WORK)
 
 
 class CommandTest(unittest.TestCase):
@@ -63,9 +67,9 @@ class CommandTest(unittest.TestCase):
         for words in [expected] if isinstance(expected, str) else expected:
             self.assertIn(words, errors, arguments)
 
-    def golden(self, name, *arguments):
-        code, output, errors = run(*arguments)
-        self.assertEqual((code, errors), (DONE, ""), arguments)
+    def golden(self, name, *arguments, code=DONE, folder=None):
+        actual_code, output, errors = run(*arguments, folder=folder)
+        self.assertEqual((actual_code, errors), (code, ""), arguments)
         path = GOLDEN / name
         if UPDATE:
             path.write_bytes(output)
@@ -409,10 +413,15 @@ class Usage(CommandTest):
 
     def test_help_teaches_by_examples(self):
         self.golden("help.txt", "--help")
-        for command in ("convert", "format", "parse", "units"):
+        for command in ("convert", "format", "parse", "units", "recognise", "style"):
             self.golden(f"help-{command}.txt", command, "--help")
+        for action in ("show", "new", "set", "diff", "check"):
+            self.golden(f"help-style-{action}.txt", "style", action, "--help")
 
     def test_the_examples_of_the_help_run(self):
+        folder = new_folder()
+        for name, options in (("site.vus", ()), ("defaults.vus", ("--defaults",)), ("old.vus", ())):
+            run("style", "new", name, *options, folder=folder)
         for page in sorted(GOLDEN.glob("help*.txt")):
             for line in page.read_text(encoding="utf-8").splitlines():
                 if not line.startswith("  vetools "):
@@ -421,8 +430,10 @@ class Usage(CommandTest):
                 if "<" in arguments or "--csv" in arguments:
                     continue
                 with self.subTest(line):
-                    code, _, errors = run(*arguments)
-                    self.assertEqual((code, errors), (DONE, ""))
+                    code, _, errors = run(*arguments, folder=folder)
+                    good = (DONE, SOME_FAILED) if "diff" in arguments else (DONE,)
+                    self.assertIn(code, good)
+                    self.assertEqual(errors, "")
 
     def test_the_version_is_printed(self):
         code, output, errors = run("--version")
@@ -448,12 +459,329 @@ class Units(CommandTest):
                                    "type": "metric", "format": "decimal", "quantity": "force"})
 
 
+class Recognise(CommandTest):
+    def test_tells_which_unit_a_host_takes_a_text_for(self):
+        self.golden("recognise.txt", "recognise", "m", "CM4", "''2", "'", "MPa", "kN", "kg", "dan/mm2", "m/m/m", "daN/mm²",
+                    "kn/m²", "m ", "/m", "foo", "", code=SOME_FAILED)
+
+    def test_an_unknown_text_fails_and_an_empty_one_does_not(self):
+        for code, *texts in ((DONE, "m"), (DONE, "m", ""), (SOME_FAILED, "m", "foo"), (SOME_FAILED, "foo")):
+            with self.subTest(texts):
+                self.assertEqual(run("recognise", *texts)[0], code)
+
+    def test_forces_are_named_for_the_masses_that_they_are_taken_for(self):
+        _, output, _ = run("recognise", "--json", given="N\ndaN\nkN\nMN\nkg\nt\nlb\nkip\nmpa\nm/kN\nkN/kN\n")
+        rows = [json.loads(line) for line in output.decode().splitlines()]
+        self.assertEqual([(row["id"], row["range"]) for row in rows[:8]], [(4, index) for index in range(8)])
+        for index, row in enumerate(rows[:8]):
+            self.assertIn(f"the force is 2:{index}", row["note"])
+            self.assertEqual("no range" in row["note"], index >= 4, row)
+        self.assertNotIn("note", rows[8])
+        self.assertIn("“kN” is taken for a mass", rows[9]["note"])
+        self.assertEqual(rows[10]["note"].count("is taken for a mass"), 1)
+
+    def test_lines_keep_their_place(self):
+        code, output, errors = run("recognise", given=b"m\n\nfoo\n\xff\nm")
+        self.assertEqual((code, errors), (SOME_FAILED, ""))
+        self.assertEqual([line.split()[:2] for line in output.decode().splitlines()],
+                         [["m", "ok"], ["empty"], ["foo", "unknown"], ["\ufffd", "unknown"], ["m", "ok"]])
+
+    def test_json_gives_one_object_per_text(self):
+        self.prints(
+            '{"input":"cm4","status":"ok","id":1,"range":2,"exponent":4,"symbol":"cm4","title":"Centimètre4","coefficient":1e+08}\n'
+            '{"input":"foo","status":"unknown"}\n'
+            '{"input":"","status":"empty"}\n',
+            "recognise", "cm4", "foo", "", "--json", code=SOME_FAILED,
+        )
+
+
+class StyleTest(CommandTest):
+    """Style files are taken apart and put together here without the library."""
+
+    HEADER, RECORD = 40, 740
+    FIELDS = {"unit id": (0, 100), "range": (100, 100), "precision": (200, 100), "unit format": (300, 100),
+              "separator": (400, 100), "title": (500, 100), "symbol": (600, 40), "coefficient": (640, 100)}
+
+    def setUp(self):
+        self.folder = new_folder()
+
+    def style(self, *arguments, code=DONE):
+        actual_code, output, errors = run("style", *arguments, folder=self.folder)
+        self.assertEqual(actual_code, code, (arguments, output, errors))
+        return output.decode() if code != USAGE else errors
+
+    def new(self, name, *options):
+        self.assertEqual(self.style("new", name, *options), "")
+        return bytearray(self.path(name).read_bytes())
+
+    def path(self, name):
+        return Path(self.folder) / name
+
+    def write(self, name, content):
+        self.path(name).write_bytes(content)
+        return name
+
+    def byte_of(self, unit_id, field):
+        return self.HEADER + self.RECORD * (unit_id - 1) + self.FIELDS[field][0]
+
+    def version(self, whole, version, ids):
+        """A file of another version with the records of these ids."""
+        header = str(version).encode("utf-16-le").ljust(self.HEADER, b"\0")
+        return header + b"".join(whole[self.byte_of(each, "unit id"):][:self.RECORD] for each in ids)
+
+    def findings(self, contents):
+        """The findings of each of these files, checked in few processes."""
+        names = [self.write(f"{index}", content) for index, content in enumerate(contents)]
+        found = {name: [] for name in names}
+        for begin in range(0, len(names), 400):
+            _, output, errors = run("style", "check", "--json", *names[begin:begin + 400], folder=self.folder)
+            self.assertEqual(errors, "")
+            for line in output.decode().splitlines():
+                finding = json.loads(line)
+                found[finding["file"]].append(finding)
+        return [found[name] for name in names]
+
+
+class Styles(StyleTest):
+    def test_a_new_style_holds_the_units_that_a_host_starts_with(self):
+        whole = self.new("site.vus")
+        self.assertEqual(len(whole), 19280)
+        self.assertEqual(whole[:40], "1002".encode("utf-16-le").ljust(40, b"\0"))
+        self.golden("style-show.txt", "style", "show", "site.vus", folder=self.folder)
+
+    def test_the_default_units_are_another_set(self):
+        self.new("site.vus")
+        self.new("defaults.vus", "--defaults")
+        self.golden("style-show-defaults.txt", "style", "show", "defaults.vus", folder=self.folder)
+        self.golden("style-diff.txt", "style", "diff", "site.vus", "defaults.vus", code=SOME_FAILED, folder=self.folder)
+        lines = self.style("diff", "site.vus", "defaults.vus", "--json", code=SOME_FAILED).splitlines()
+        self.assertEqual(json.loads(lines[0]), {"id": 2, "quantity": "force", "property": "unit", "left": "2:2", "right": "2:5"})
+
+    def test_a_style_is_the_same_as_itself(self):
+        self.new("site.vus")
+        self.assertEqual(self.style("diff", "site.vus", "site.vus"), "")
+
+    def test_a_unit_is_set_by_range_symbol_or_title(self):
+        for arguments, unit, precision in [
+            (("2", "5"), "2:5", 2),
+            (("force", "kN"), "2:2", 2),
+            (("force", "KiloNewton", "-p", "0"), "2:2", 0),
+            (("length", "' / \"", "--precision", "4"), "1:9", 4),
+            (("26", "3"), "26:3", 2),
+            (("7", "-p", "15"), "7:2", 15),
+        ]:
+            with self.subTest(arguments):
+                self.new("site.vus")
+                self.assertEqual(self.style("set", "site.vus", *arguments), "")
+                rows = [json.loads(line) for line in self.style("show", "site.vus", "--json").splitlines()]
+                row = rows[int(unit.split(":")[0]) - 1]
+                self.assertEqual((f"{row['unitId']}:{row['range']}", row["precision"]), (unit, precision))
+                self.assertEqual(self.style("check", "site.vus"), "site.vus: whole, version 1002, 26 units\n")
+
+    def test_what_cannot_be_set_is_refused_and_the_file_stays(self):
+        whole = self.new("site.vus")
+        for words, *arguments in [
+            ("no quantity", "27", "1"),
+            ("no quantity", "colour", "1"),
+            ("is no unit", "2", "8"),
+            ("is no unit", "force", "m"),
+            ("no powers", "1", "m2"),
+            ("nothing to set", "1"),
+            ("--precision", "1", "-p", "16"),
+            ("0 to 8", "1", "9", "-p", "9"),
+        ]:
+            with self.subTest(arguments):
+                self.assertIn(words, self.style("set", "site.vus", *arguments, code=USAGE))
+        self.assertEqual(self.path("site.vus").read_bytes(), whole)
+
+    def test_files_of_older_versions_say_what_they_lack(self):
+        whole = self.new("site.vus", "--defaults")
+        self.write("1001.vus", self.version(whole, 1001, range(1, 22)))
+        self.write("named.vus", self.version(whole, 1000, [*range(1, 13), *range(15, 22)]))
+        self.write("unnamed.vus", self.version(whole, 1000, [*range(1, 12), *range(13, 22)]))
+        self.golden("style-show-1001.txt", "style", "show", "1001.vus", folder=self.folder)
+        self.golden("style-show-1000-named.txt", "style", "show", "named.vus", folder=self.folder)
+        self.golden("style-show-1000-unnamed.txt", "style", "show", "unnamed.vus", "--loader", "unnamed", folder=self.folder)
+        for name, version, records in (("1001.vus", 1001, 21), ("named.vus", 1000, 19), ("unnamed.vus", 1000, 20)):
+            lines = self.style("check", name).splitlines()
+            self.assertEqual(lines[-1], f"{name}: whole, version {version}, {records} units")
+        self.style("set", "1001.vus", "1", "1")
+        self.assertEqual(len(self.path("1001.vus").read_bytes()), 19280)
+
+    def test_a_path_may_hold_any_characters_and_be_long(self):
+        deep = "/".join(["ü" * 60] * 5)
+        self.path(deep).mkdir(parents=True)
+        for name in ("plain", ".hidden", "two.dots.vus", "é ü 長", "n" * 200 + ".vus", "e." + "x" * 200, f"{deep}/site.vus"):
+            with self.subTest(name):
+                self.assertEqual(len(self.new(name)), 19280)
+                self.assertEqual(self.style("diff", name, name), "")
+
+    def test_a_file_that_is_not_there_or_takes_nothing_is_named(self):
+        self.assertIn("nope.vus cannot be opened: No such file or directory", self.style("show", "nope.vus", code=USAGE))
+        self.assertIn("“vetools style check --help”", self.style("check", "nope.vus", code=USAGE))
+        self.assertIn("cannot be opened", self.style("check", ".", code=USAGE))
+        self.assertIn("at most 773 characters", self.style("show", "x" * 774, code=USAGE))
+        self.assertIn("the name of the style file is empty", self.style("show", "", code=USAGE))
+        for target in ("no-folder/site.vus", "."):
+            code, output, errors = run("style", "new", target, folder=self.folder)
+            self.assertEqual((code, output), (SOME_FAILED, b""))
+            self.assertIn(f"{target} cannot be written: ", errors)
+        self.assertEqual(os.listdir(self.folder), [])
+
+    def test_a_damaged_file_is_shown_but_neither_changed_nor_compared(self):
+        whole = self.new("site.vus")
+        damaged = self.write("damaged.vus", whole[:5000])
+        code, output, errors = run("style", "show", damaged, folder=self.folder)
+        self.assertEqual((code, len(output.splitlines())), (SOME_FAILED, 28))
+        self.assertIn("damaged.vus is damaged", errors)
+        self.style("set", damaged, "1", "1", code=SOME_FAILED)
+        self.style("diff", damaged, "site.vus", code=USAGE)
+        self.assertEqual(self.path(damaged).read_bytes(), whole[:5000])
+
+
+class StyleChecks(StyleTest):
+    def assert_one_problem(self, found, byte, words, what):
+        problems = [(each["byte"], each.get("field", "")) for each in found if each["kind"] == "problem"]
+        self.assertEqual([each[0] for each in problems], [byte], (what, found))
+        self.assertIn(words, json.dumps(found, ensure_ascii=False), what)
+
+    def test_the_first_character_of_every_field_of_every_record_is_checked(self):
+        whole = self.new("site.vus")
+        cases = []
+        for unit_id in range(1, 27):
+            for field in self.FIELDS:
+                byte = self.byte_of(unit_id, field)
+                damaged = bytearray(whole)
+                damaged[byte] = ord("x")
+                cases.append((byte, field, bytes(damaged)))
+                damaged = bytearray(whole)
+                damaged[byte + 1] = 1
+                cases.append((byte + 1, field, bytes(damaged)))
+        for (byte, field, _), found in zip(cases, self.findings([each[2] for each in cases])):
+            self.assert_one_problem(found, byte, f'"field": "{field}"', (byte, field))
+
+    def test_every_bit_that_changes_a_record_is_found(self):
+        whole = self.new("site.vus")
+        cases = []
+        for field in self.FIELDS:
+            begin = self.byte_of(2, field)
+            text = whole[begin:begin + self.FIELDS[field][1]].decode("utf-16-le").split("\0")[0]
+            for byte in range(begin, begin + 2 * len(text) + 2):
+                for bit in range(8):
+                    damaged = bytearray(whole)
+                    damaged[byte] ^= 1 << bit
+                    new_text = damaged[begin:begin + self.FIELDS[field][1]].decode("utf-16-le", "replace").split("\0")[0]
+                    if not self.means_the_same(field, text, new_text):
+                        cases.append((byte, field, bytes(damaged)))
+        self.assertGreater(len(cases), 300)
+        for (byte, field, _), found in zip(cases, self.findings([each[2] for each in cases])):
+            self.assert_one_problem(found, byte, f'"field": "{field}"', (byte, field))
+
+    @staticmethod
+    def means_the_same(field, old, new):
+        if field == "precision":
+            return new.isascii() and new.isdigit()
+        if field == "separator":
+            return new in (".", ",")
+        if field == "coefficient" and new.isascii() and all(each in "0123456789." for each in new) and new.count(".") == 1:
+            return float(new) == float(old)
+        return False
+
+    def test_a_file_cut_anywhere_ends_where_it_ends(self):
+        whole = self.new("site.vus")
+        ends = [0, 1, 39, 40, 41, *range(40, 19280, 740), *range(41, 19280, 740), *range(77, 19280, 370), 19278, 19279]
+        for end, found in zip(ends, self.findings([whole[:end] for end in ends])):
+            self.assert_one_problem(found, end, "the file", end)
+
+    def test_what_follows_the_last_record_is_found(self):
+        whole = self.new("site.vus")
+        ends = [whole + b"\0", whole + whole, self.version(whole, 1001, range(1, 27)), whole + b"x" * 100_000]
+        bytes_and_words = [(19280, "1 byte behind"), (19280, "19280 bytes behind"), (15580, "the size of version 1002"),
+                           (19280, "more than")]
+        for (byte, words), found in zip(bytes_and_words, self.findings(ends)):
+            self.assert_one_problem(found, byte, words, words)
+
+    def test_a_header_that_is_none_is_found(self):
+        whole = self.new("site.vus")
+        rows = [
+            # byte  words                  header
+            (0, "expected the version", b""),
+            (0, "expected the version", "x1002".encode("utf-16-le")),
+            (8, "expected the version", "1002x".encode("utf-16-le")),
+            (3, "expected the version", b"1\x000\x010\x002\x00"),
+            (6, "unknown version", "1003".encode("utf-16-le")),
+            (0, "unknown version", "0".encode("utf-16-le")),
+            (0, "unknown version", "-1002".encode("utf-16-le")),
+            (4, "means records of 840 bytes", "1012".encode("utf-16-le")),
+            (38, "no terminating zero", "1002".encode("utf-16-le") + b"9\0" * 16),
+        ]
+        contents = [header.ljust(40, b"\0") + whole[40:] for _, _, header in rows]
+        for (byte, words, header), found in zip(rows, self.findings(contents)):
+            self.assert_one_problem(found, byte, words, header)
+
+    def test_what_contradicts_the_catalogue_is_blamed_on_one_field(self):
+        whole = self.new("site.vus")
+        for unit_id, field, text, byte, words in [
+            (2, "unit id", "4", 0, "“4”, expected “2”"),
+            (2, "unit id", "99", 0, "unknown “99”, expected “2”"),
+            (2, "unit id", "22", 2, "“22”, expected “2”"),
+            (2, "range", "3", 0, "“3”, expected “2” of the unit 2:2  kN"),
+            (2, "range", "12", 0, "“12”, expected “2” of the unit 2:2  kN"),
+            (2, "range", "99999999999", 0, "expected a whole number"),
+            (2, "unit format", "2", 0, "“2”, expected “0”"),
+            (2, "separator", "", 0, "expected a separator"),
+            (2, "separator", "..", 2, "expected one character"),
+            (2, "title", "KiloNewtom", 18, "“KiloNewtom”, expected “KiloNewton”"),
+            (2, "symbol", "KN", 0, "“KN”, expected “kN”"),
+            (2, "coefficient", "0.0011", 10, "“0.0011”, expected “0.001"),
+            (2, "coefficient", "nan", 0, "expected a number"),
+            (2, "title", "K" * 50, 98, "no terminating zero"),
+        ]:
+            with self.subTest(f"{field} {text}"):
+                begin, size = self.byte_of(unit_id, field), self.FIELDS[field][1]
+                damaged = bytearray(whole)
+                damaged[begin:begin + size] = text.encode("utf-16-le").ljust(size, b"\0")
+                self.assert_one_problem(self.findings([damaged])[0], begin + byte, words, text)
+
+    def test_records_in_the_wrong_order_have_wrong_ids(self):
+        whole = self.new("site.vus")
+        swapped = self.version(whole, 1002, [1, 3, 2, *range(4, 27)])
+        found = self.findings([swapped])[0]
+        self.assertEqual([each["byte"] for each in found], [780, 1520], found)
+
+    def test_what_is_unusual_in_a_whole_file_is_a_note(self):
+        whole = self.new("site.vus")
+        padded = bytearray(whole)
+        padded[20] = padded[850] = 0xCD
+        comma = bytearray(whole)
+        comma[self.byte_of(2, "separator")] = ord(",")
+        coefficient = self.byte_of(2, "coefficient")
+        comma[coefficient:coefficient + 100] = "0,001".encode("utf-16-le").ljust(100, b"\0")
+        further = "1012".encode("utf-16-le").ljust(40, b"\0") + b"".join(
+            whole[begin:begin + 300] + bytes(100) + whole[begin + 300:begin + 740] for begin in range(40, 19280, 740))
+        for found, byte, words in zip(self.findings([padded, comma]), (20, self.byte_of(2, "separator")), ("2 bytes behind", "“,”")):
+            self.assertEqual([(each["kind"], each["byte"]) for each in found], [("note", byte)], found)
+            self.assertIn(words, found[0]["text"])
+        self.assertEqual(self.findings([further])[0], [])
+        self.write("padded.vus", padded)
+        self.assertEqual(self.style("check", "padded.vus").splitlines()[-1], "padded.vus: whole, version 1002, 26 units")
+        self.write("further.vus", further)
+        self.assertEqual(self.style("check", "further.vus"), "further.vus: whole, version 1012, 26 units\n")
+
+    def test_findings_are_lines_that_name_file_byte_record_and_field(self):
+        whole = self.new("site.vus")
+        whole[self.byte_of(4, "range")] = ord("x")
+        self.write("damaged.vus", whole[:19000])
+        self.golden("style-check.txt", "style", "check", "site.vus", "damaged.vus", code=SOME_FAILED, folder=self.folder)
+
+
 if __name__ == "__main__":
     options = argparse.ArgumentParser()
     options.add_argument("--update", action="store_true")
     options.add_argument("--only", metavar="CLASS")
     options.add_argument("program", nargs=argparse.REMAINDER)
     given = options.parse_args()
-    UPDATE, PROGRAM = given.update, given.program
+    UPDATE = given.update
+    PROGRAM = [os.path.abspath(part) if os.path.exists(part) else part for part in given.program]
     with tempfile.TemporaryDirectory(dir=".") as WORK:
         unittest.main(argv=sys.argv[:1] + ([given.only] if given.only else []))

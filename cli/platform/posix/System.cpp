@@ -26,6 +26,11 @@ std::vector<std::string> Arguments(int argc, char** argv)
     return {argv + 1, argv + argc};
 }
 
+std::wstring LongPath(const std::wstring& path)
+{
+    return path;
+}
+
 WriteResult Write(Stream stream, std::string_view text)
 {
     while (!text.empty())

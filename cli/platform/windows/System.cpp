@@ -102,6 +102,20 @@ std::vector<std::string> Arguments(int, char**)
     return texts;
 }
 
+std::wstring LongPath(const std::wstring& path)
+{
+    constexpr std::size_t c_longestPlainPath = 247; // so that 12 characters remain for a name beside it
+    if (path.size() <= c_longestPlainPath || path.starts_with(L"\\\\"))
+        return path;
+    const DWORD capacity = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    std::wstring full(capacity, L'\0');
+    const DWORD size = ::GetFullPathNameW(path.c_str(), capacity, full.data(), nullptr);
+    if (size == 0 || size >= capacity)
+        return path;
+    full.resize(size);
+    return L"\\\\?\\" + full;
+}
+
 WriteResult Write(Stream stream, std::string_view text)
 {
     const HANDLE handle = StreamHandle(stream);
