@@ -91,6 +91,7 @@ UnitRecord::FieldText::FieldText(std::span<const std::byte> field)
         }
         m_characters[m_length++] = static_cast<wchar_t>(unit);
     }
+    m_characters[m_length] = L'\0';
 }
 
 bool UnitRecord::FieldText::Replace(wchar_t from, wchar_t to)

@@ -89,8 +89,19 @@ constexpr std::span<const FieldRow> BlockOfVersion(unsigned int version)
     return c_block;
 }
 
-/// Writes `text` into a zeroed field, cut so that a zero follows it. A character beyond 16 bits takes two places and is
-/// never cut in half.
+/// The bytes of a field in a block that consists of `rows`, among which the field is.
+template <typename Byte>
+constexpr std::span<Byte> FieldOf(std::span<Byte> block, std::span<const FieldRow> rows, Field field)
+{
+    std::size_t offset = 0;
+    std::size_t index = 0;
+    for (; rows[index].field != field; ++index)
+        offset += rows[index].size;
+    return block.subspan(offset, rows[index].size);
+}
+
+/// Writes `text` into a field and zeros behind it, cut so that a zero follows it. A character beyond 16 bits takes two
+/// places and is never cut in half.
 void WriteText(std::span<std::byte> field, std::wstring_view text);
 
 /// The bytes of a character in a field.
@@ -102,7 +113,7 @@ class FieldText
 public:
     /// The text of a field up to its zero; all of the field when it has none. Two places that make one character beyond
     /// 16 bits are read as what holds that character here.
-    explicit FieldText(std::span<const std::byte> field = {});
+    explicit FieldText(std::span<const std::byte> field);
 
     std::wstring_view View() const { return {m_characters.data(), m_length}; }
     const wchar_t* GetString() const { return m_characters.data(); }
@@ -114,7 +125,7 @@ public:
 private:
     static constexpr std::size_t c_largestField = 100;
 
-    std::array<wchar_t, c_largestField / c_placeSize + 1> m_characters{};
+    std::array<wchar_t, c_largestField / c_placeSize + 1> m_characters;  ///< as far as the text and its terminator go
     std::size_t m_length = 0;
 };
 

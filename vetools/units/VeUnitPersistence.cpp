@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "vetools/framework/CArchive.h"
@@ -16,81 +17,63 @@ using UnitRecord::FieldText;
 
 constexpr std::size_t c_largestBlock = UnitRecord::SizeOf(UnitRecord::c_block1012);
 
-/// What the fields of a block say.
-struct BlockContents
+/// A block, read in one go. A field that the file does not deliver is empty.
+class ReadBlock
 {
-    unsigned int idUnit = 0;
-    unsigned int range = 0;
-    unsigned int precision = 0;
-    unsigned int unitFormat = 0;
-    wchar_t separator = 0;
-    FieldText title;
-    FieldText name;
-    FieldText coefficient;
+public:
+    ReadBlock(CFile& file, std::span<const FieldRow> rows)
+        : m_rows(rows)
+    {
+        const UINT delivered = file.Read(m_bytes.data(), static_cast<UINT>(UnitRecord::SizeOf(rows)));
+        std::fill(m_bytes.begin() + delivered, m_bytes.end(), std::byte{0});
+    }
+
+    unsigned int Number(Field field) const
+    {
+        // Written as signed numbers: 4294967295 is -1 in the file.
+        return static_cast<unsigned int>(ReadInteger(Text(field).View()));
+    }
+
+    FieldText Text(Field field) const { return FieldText(Bytes(field)); }
+
+    /// A title or name, cut as the unit's buffers are: the last place of the field is the terminator's.
+    FieldText TerminatedText(Field field) const
+    {
+        const std::span<const std::byte> bytes = Bytes(field);
+        return FieldText(bytes.first(bytes.size() - UnitRecord::c_placeSize));
+    }
+
+private:
+    std::span<const std::byte> Bytes(Field field) const
+    {
+        return UnitRecord::FieldOf(std::span<const std::byte>(m_bytes), m_rows, field);
+    }
+
+    std::span<const FieldRow> m_rows;
+    std::array<std::byte, c_largestBlock> m_bytes;
 };
 
-unsigned int ReadUnsigned(std::span<const std::byte> field)
+/// A block to be written in one go.
+class WrittenBlock
 {
-    // Written as signed numbers: 4294967295 is -1 in the file.
-    return static_cast<unsigned int>(ReadInteger(FieldText(field).View()));
-}
-
-/// A title or name, cut as the unit's buffers are: the last place of the field is the terminator's.
-FieldText ReadTerminated(std::span<const std::byte> field)
-{
-    return FieldText(field.first(field.size() - UnitRecord::c_placeSize));
-}
-
-/// Reads a block in one go. A field that the file does not deliver is empty.
-BlockContents ReadBlock(CFile& file, std::span<const FieldRow> rows)
-{
-    std::array<std::byte, c_largestBlock> bytes{};
-    file.Read(bytes.data(), static_cast<UINT>(UnitRecord::SizeOf(rows)));
-
-    BlockContents contents;
-    std::span<const std::byte> rest(bytes);
-    for (const FieldRow& row : rows)
+public:
+    void Put(Field field, std::wstring_view text)
     {
-        const std::span<const std::byte> field = rest.first(row.size);
-        rest = rest.subspan(row.size);
-        switch (row.field)
-        {
-        case Field::IdUnit:
-            contents.idUnit = ReadUnsigned(field);
-            break;
-        case Field::Range:
-            contents.range = ReadUnsigned(field);
-            break;
-        case Field::Precision:
-            contents.precision = ReadUnsigned(field);
-            break;
-        case Field::Ignored:
-            break;
-        case Field::UnitFormat:
-            contents.unitFormat = ReadUnsigned(field);
-            break;
-        case Field::Separator:
-            contents.separator = *FieldText(field).GetString();
-            break;
-        case Field::Title:
-            contents.title = ReadTerminated(field);
-            break;
-        case Field::Name:
-            contents.name = ReadTerminated(field);
-            break;
-        case Field::Coefficient:
-            contents.coefficient = FieldText(field);
-            break;
-        }
+        const std::span<std::byte> bytes(m_bytes);
+        UnitRecord::WriteText(UnitRecord::FieldOf(bytes, UnitRecord::c_block, field), text);
     }
-    return contents;
-}
 
-void WriteNumber(std::span<std::byte> field, unsigned int value)
-{
-    std::array<wchar_t, 11> text;  // -2147483648
-    UnitRecord::WriteText(field, {text.data(), WriteInteger(text.data(), static_cast<int>(value))});
-}
+    void Put(Field field, unsigned int value)
+    {
+        std::array<wchar_t, 11> text;  // -2147483648
+        Put(field, {text.data(), WriteInteger(text.data(), static_cast<int>(value))});
+    }
+
+    void WriteTo(CFile& file) const { file.Write(m_bytes.data(), static_cast<UINT>(m_bytes.size())); }
+
+private:
+    std::array<std::byte, UnitRecord::SizeOf(UnitRecord::c_block)> m_bytes;
+};
 
 /// All the digits that tell one double from every other, and more: "%.33g".
 CString CoefficientText(double coefficient)
@@ -104,66 +87,43 @@ CString CoefficientText(double coefficient)
 
 void CVeUnitBase::Save(CFile& file) const
 {
-    std::array<std::byte, UnitRecord::SizeOf(UnitRecord::c_block)> bytes{};
-    std::span<std::byte> rest(bytes);
-    for (const FieldRow& row : UnitRecord::c_block)
-    {
-        const std::span<std::byte> field = rest.first(row.size);
-        rest = rest.subspan(row.size);
-        switch (row.field)
-        {
-        case Field::IdUnit:
-            WriteNumber(field, IdUnit);
-            break;
-        case Field::Range:
-            WriteNumber(field, Range);
-            break;
-        case Field::Precision:
-            WriteNumber(field, Precision);
-            break;
-        case Field::Ignored:
-            break;
-        case Field::UnitFormat:
-            WriteNumber(field, UnitFormat);
-            break;
-        case Field::Separator:
-            UnitRecord::WriteText(field, {&Sep, 1});
-            break;
-        case Field::Title:
-            UnitRecord::WriteText(field, Title);
-            break;
-        case Field::Name:
-            UnitRecord::WriteText(field, Name);
-            break;
-        case Field::Coefficient:
-            UnitRecord::WriteText(field, CoefficientText(Coef).View());
-            break;
-        }
-    }
-    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    WrittenBlock block;
+    block.Put(Field::IdUnit, IdUnit);
+    block.Put(Field::Range, Range);
+    block.Put(Field::Precision, Precision);
+    block.Put(Field::UnitFormat, UnitFormat);
+    block.Put(Field::Separator, {&Sep, 1});
+    block.Put(Field::Title, Title);
+    block.Put(Field::Name, Name);
+    block.Put(Field::Coefficient, CoefficientText(Coef).View());
+    block.WriteTo(file);
 }
 
 void CVeUnitBase::Load(CFile& file)
 {
-    const BlockContents contents = ReadBlock(file, UnitRecord::c_oldBlock);
-    IdUnit = contents.idUnit;
-    Range = contents.range;
-    Precision = contents.precision;
+    const ReadBlock block(file, UnitRecord::c_oldBlock);
+    IdUnit = block.Number(Field::IdUnit);
+    Range = block.Number(Field::Range);
+    Precision = block.Number(Field::Precision);
     const wchar_t separator = CVeUnitSeparator::m_cSep;
-    SetUnitValues(contents.title.GetString(), contents.name.GetString(),
-                  UnitRecord::ReadCoefficient(contents.coefficient, separator, separator));
+    const double coefficient = UnitRecord::ReadCoefficient(block.Text(Field::Coefficient), separator, separator);
+    SetUnitValues(block.TerminatedText(Field::Title).GetString(), block.TerminatedText(Field::Name).GetString(),
+                  coefficient);
     UpdateDataUnit(false);
 }
 
 void CVeUnitBase::Load(CFile& file, unsigned int version)
 {
-    const BlockContents contents = ReadBlock(file, UnitRecord::BlockOfVersion(version));
-    IdUnit = contents.idUnit;
-    Range = contents.range;
-    Precision = contents.precision;
-    UnitFormat = static_cast<Unit::enumUNITFORMAT>(contents.unitFormat);
-    SetUnitValues(contents.title.GetString(), contents.name.GetString(),
-                  UnitRecord::ReadCoefficient(contents.coefficient, contents.separator, CVeUnitSeparator::m_cSep));
+    const ReadBlock block(file, UnitRecord::BlockOfVersion(version));
+    IdUnit = block.Number(Field::IdUnit);
+    Range = block.Number(Field::Range);
+    Precision = block.Number(Field::Precision);
+    UnitFormat = static_cast<Unit::enumUNITFORMAT>(block.Number(Field::UnitFormat));
+    const wchar_t savedSeparator = *block.Text(Field::Separator).GetString();
+    const double coefficient =
+        UnitRecord::ReadCoefficient(block.Text(Field::Coefficient), savedSeparator, CVeUnitSeparator::m_cSep);
+    SetUnitValues(block.TerminatedText(Field::Title).GetString(), block.TerminatedText(Field::Name).GetString(),
+                  coefficient);
     UpdateDataUnit(false);
 }
 
