@@ -11,7 +11,10 @@ namespace
 
 constexpr unsigned int c_kilonewton = 2;
 
-CVeUnitBase Kilonewton() { return {Unit::UNIT_ID_FORCE, c_kilonewton, 3, L'.', 1.0, 0}; }
+CVeUnitBase Kilonewton()
+{
+    return {Unit::UNIT_ID_FORCE, c_kilonewton, 3, L'.', 1.0, 0};
+}
 
 void Name(benchmark::State& state)
 {

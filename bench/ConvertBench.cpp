@@ -16,7 +16,10 @@ namespace
 
 constexpr std::size_t c_many = 1'000'000;
 
-CVeUnitBase Millimetre() { return {Unit::UNIT_ID_LENGTH, 1, 3, L'.', 1.0, 0}; }
+CVeUnitBase Millimetre()
+{
+    return {Unit::UNIT_ID_LENGTH, 1, 3, L'.', 1.0, 0};
+}
 
 std::vector<double> Metres()
 {

@@ -32,7 +32,10 @@ std::array<double, c_count> Metres()
     return values;
 }
 
-CVeUnitBase Millimetre() { return {Unit::UNIT_ID_LENGTH, 1, c_precision, L'.', 1.0, 1}; }
+CVeUnitBase Millimetre()
+{
+    return {Unit::UNIT_ID_LENGTH, 1, c_precision, L'.', 1.0, 1};
+}
 
 /// Runs one formatter over the values, and checks what it makes of the last one.
 template <typename Format>
@@ -112,4 +115,4 @@ void SwprintfWithUnit(benchmark::State& state)
 }
 BENCHMARK(SwprintfWithUnit);
 
-} // namespace
+}  // namespace

@@ -66,7 +66,8 @@ void Run(benchmark::State& state, double unitsPerMillimetre, Read read)
 void String2DoubleOfMillimetres(benchmark::State& state)
 {
     const CVeUnitBase unit(Unit::UNIT_ID_LENGTH, 1, 3, L'.', 1.0, 1);
-    Run<std::wstring>(state, 1000.0, [&](const std::wstring& text) { return unit.String2Double(text.c_str(), nullptr, 0); });
+    Run<std::wstring>(state, 1000.0,
+                      [&](const std::wstring& text) { return unit.String2Double(text.c_str(), nullptr, 0); });
 }
 BENCHMARK(String2DoubleOfMillimetres);
 
@@ -88,4 +89,4 @@ void WcstodBareNumber(benchmark::State& state)
 }
 BENCHMARK(WcstodBareNumber);
 
-} // namespace
+}  // namespace

@@ -10,10 +10,13 @@ namespace
 constexpr std::size_t c_blockSize = 1 << 16;
 constexpr std::string_view c_byteOrderMark = "\xEF\xBB\xBF";
 
-} // namespace
+}  // namespace
 
 ByteStream::ByteStream(System::InputFile file, std::string name, std::function<void(std::uint64_t)> beforeRead)
-    : m_file(std::move(file)), m_name(std::move(name)), m_beforeRead(std::move(beforeRead)), m_block(c_blockSize)
+    : m_file(std::move(file))
+    , m_name(std::move(name))
+    , m_beforeRead(std::move(beforeRead))
+    , m_block(c_blockSize)
 {
 }
 
@@ -39,7 +42,8 @@ bool ByteStream::Fill()
         return true;
     m_started = true;
     // The mark may arrive in pieces; nothing else is waited for.
-    const auto startsLikeMark = [&] {
+    const auto startsLikeMark = [&]
+    {
         return m_end < c_byteOrderMark.size() && c_byteOrderMark.starts_with(std::string_view(m_block.data(), m_end));
     };
     while (startsLikeMark() && Read())

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 
-#include <memory>
 #include <CLI/CLI.hpp>
+#include <memory>
 
 #include "cli/Failure.h"
 #include "cli/QuantityReader.h"
@@ -11,7 +11,8 @@
 namespace
 {
 
-constexpr const char* c_help = R"(FROM is the unit that the values are in, TO the one they go to. Without a value, or with -, values
+constexpr const char* c_help =
+    R"(FROM is the unit that the values are in, TO the one they go to. Without a value, or with -, values
 come from standard input, one per line. FROM may be left out when the values name their units.
 
 Examples:
@@ -100,21 +101,23 @@ int RunConvert(const ConvertSettings& settings)
     ValueWriter writer(target, settings.text);
     ReportSettings report = settings.report;
     report.unit = writer.Symbol();
-    return ReportValues(request.values, settings.source, report, [&](std::string_view text, ValueResult& result) {
-        const std::optional<double> si = reader->Read(text);
-        result.isGood = si.has_value();
-        if (!si)
-        {
-            result.expected = reader->Expected();
-            return;
-        }
-        result.value = writer.Convert(*si);
-        result.text.clear();
-        writer.Append(result.text, *si);
-    });
+    return ReportValues(request.values, settings.source, report,
+                        [&](std::string_view text, ValueResult& result)
+                        {
+                            const std::optional<double> si = reader->Read(text);
+                            result.isGood = si.has_value();
+                            if (!si)
+                            {
+                                result.expected = reader->Expected();
+                                return;
+                            }
+                            result.value = writer.Convert(*si);
+                            result.text.clear();
+                            writer.Append(result.text, *si);
+                        });
 }
 
-} // namespace
+}  // namespace
 
 Command MakeConvertCommand(CLI::App& program)
 {
@@ -126,5 +129,8 @@ Command MakeConvertCommand(CLI::App& program)
     AddSourceOptions(*command, settings->source);
     AddReportOptions(*command, settings->report);
     command->footer(c_help);
-    return {command, [settings] { return RunConvert(*settings); }};
+    return {command, [settings]
+            {
+                return RunConvert(*settings);
+            }};
 }

@@ -8,7 +8,7 @@ namespace
 // A record of more fields than this is not a table a person made; its later fields are left out.
 constexpr std::size_t c_mostFields = 1 << 16;
 
-} // namespace
+}  // namespace
 
 bool CsvReader::Read(Record& record)
 {
@@ -60,7 +60,8 @@ void CsvReader::ReadQuoted(std::string& field, const char*& problem)
     for (std::string_view bytes = m_input.Peek(); !bytes.empty(); bytes = m_input.Peek())
     {
         const std::size_t end = std::min(bytes.find('"'), bytes.size());
-        m_line += static_cast<std::uint64_t>(std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+        m_line += static_cast<std::uint64_t>(
+            std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
         AppendBounded(field, bytes.substr(0, end));
         if (end == bytes.size())
         {
@@ -79,13 +80,17 @@ void CsvReader::ReadQuoted(std::string& field, const char*& problem)
 CsvReader::FieldEnd CsvReader::ReadUnquoted(std::string& field)
 {
     const std::size_t begin = field.size();
-    const auto dropReturn = [&] {
+    const auto dropReturn = [&]
+    {
         if (field.size() > begin && field.back() == '\r')
             field.pop_back();
     };
     for (std::string_view bytes = m_input.Peek(); !bytes.empty(); bytes = m_input.Peek())
     {
-        const auto ends = [&](char character) { return character == m_delimiter || character == '\n'; };
+        const auto ends = [&](char character)
+        {
+            return character == m_delimiter || character == '\n';
+        };
         const auto end = static_cast<std::size_t>(std::find_if(bytes.begin(), bytes.end(), ends) - bytes.begin());
         AppendBounded(field, bytes.substr(0, end));
         if (end == bytes.size())

@@ -14,13 +14,18 @@ class CsvReader
 public:
     struct Record
     {
-        std::vector<std::string> fields; ///< the first `count` are the record's; the others keep their memory for later
+        std::vector<std::string>
+            fields;  ///< the first `count` are the record's; the others keep their memory for later
         std::size_t count = 0;
-        std::uint64_t line = 0;        ///< where the record starts, from 1
-        const char* problem = nullptr; ///< what is wrong with its quotes; null when nothing is
+        std::uint64_t line = 0;         ///< where the record starts, from 1
+        const char* problem = nullptr;  ///< what is wrong with its quotes; null when nothing is
     };
 
-    CsvReader(ByteStream& input, char delimiter) : m_input(input), m_delimiter(delimiter) {}
+    CsvReader(ByteStream& input, char delimiter)
+        : m_input(input)
+        , m_delimiter(delimiter)
+    {
+    }
 
     /// False at the end of the input. The record is reused from call to call.
     bool Read(Record& record);

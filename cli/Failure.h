@@ -6,8 +6,8 @@
 enum ExitCode : int
 {
     c_exitDone = 0,
-    c_exitSomeFailed = 1, ///< some value failed, or the input or output did; the good values are written
-    c_exitUsage = 2,      ///< the arguments make no sense; nothing is written
+    c_exitSomeFailed = 1,  ///< some value failed, or the input or output did; the good values are written
+    c_exitUsage = 2,       ///< the arguments make no sense; nothing is written
 };
 
 /// The arguments make no sense: what() says why, and what was expected.

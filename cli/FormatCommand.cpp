@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 
-#include <memory>
 #include <CLI/CLI.hpp>
+#include <memory>
 
 #include "cli/Failure.h"
 #include "cli/QuantityReader.h"
@@ -11,7 +11,8 @@
 namespace
 {
 
-constexpr const char* c_help = R"(Values are in SI and are written in UNIT. Without a value, or with -, values come from standard input,
+constexpr const char* c_help =
+    R"(Values are in SI and are written in UNIT. Without a value, or with -, values come from standard input,
 one per line.
 
 Examples:
@@ -49,21 +50,23 @@ int RunFormat(const FormatSettings& settings)
     ValueWriter writer(unit, settings.text);
     ReportSettings report = settings.report;
     report.unit = writer.Symbol();
-    return ReportValues(values, settings.source, report, [&](std::string_view text, ValueResult& result) {
-        const std::optional<double> si = reader.Read(text);
-        result.isGood = si.has_value();
-        if (!si)
-        {
-            result.expected = reader.Expected();
-            return;
-        }
-        result.value = writer.Convert(*si);
-        result.text.clear();
-        writer.Append(result.text, *si);
-    });
+    return ReportValues(values, settings.source, report,
+                        [&](std::string_view text, ValueResult& result)
+                        {
+                            const std::optional<double> si = reader.Read(text);
+                            result.isGood = si.has_value();
+                            if (!si)
+                            {
+                                result.expected = reader.Expected();
+                                return;
+                            }
+                            result.value = writer.Convert(*si);
+                            result.text.clear();
+                            writer.Append(result.text, *si);
+                        });
 }
 
-} // namespace
+}  // namespace
 
 Command MakeFormatCommand(CLI::App& program)
 {
@@ -76,5 +79,8 @@ Command MakeFormatCommand(CLI::App& program)
     AddSourceOptions(*command, settings->source);
     AddReportOptions(*command, settings->report);
     command->footer(c_help);
-    return {command, [settings] { return RunFormat(*settings); }};
+    return {command, [settings]
+            {
+                return RunFormat(*settings);
+            }};
 }

@@ -9,7 +9,8 @@ std::string HelpFormatter::make_help(const CLI::App* command, std::string name, 
 std::string HelpFormatter::make_usage(const CLI::App* command, std::string name) const
 {
     std::string usage = "\nUsage: " + name;
-    for (const CLI::Option* argument : command->get_options([](const CLI::Option* each) { return each->get_positional(); }))
+    for (const CLI::Option* argument :
+         command->get_options([](const CLI::Option* each) { return each->get_positional(); }))
         usage += " " + argument->get_option_text();
     if (command->get_require_subcommand_min() > 0)
         usage += " COMMAND";

@@ -25,7 +25,7 @@ void AppendEscaped(std::string& out, std::string_view text)
     }
 }
 
-} // namespace
+}  // namespace
 
 void JsonWriter::Begin()
 {
@@ -83,7 +83,7 @@ std::string_view JsonWriter::End()
 
 void AppendShortest(std::string& out, double number)
 {
-    char text[32]; // the shortest form of a double has 24 characters at most: -1.2345678901234567e-308
+    char text[32];  // the shortest form of a double has 24 characters at most: -1.2345678901234567e-308
     const std::to_chars_result result = std::to_chars(text, text + sizeof text, number);
     out.append(text, result.ptr);
 }

@@ -8,7 +8,7 @@ namespace
 
 constexpr std::size_t c_blockSize = 1 << 16;
 
-} // namespace
+}  // namespace
 
 Output::Output()
 {

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 
-#include <memory>
 #include <CLI/CLI.hpp>
+#include <memory>
 
 #include "cli/JsonWriter.h"
 #include "cli/QuantityReader.h"
@@ -12,7 +12,8 @@
 namespace
 {
 
-constexpr const char* c_help = R"(Texts are values in UNIT, with or without its symbol. Without a text, or with -, texts come from standard
+constexpr const char* c_help =
+    R"(Texts are values in UNIT, with or without its symbol. Without a text, or with -, texts come from standard
 input, one per line.
 
 Examples:
@@ -50,21 +51,23 @@ int RunParse(const ParseSettings& settings)
     QuantityReader reader(lookup, unit, settings.reading);
     ReportSettings report = settings.report;
     report.unit = ToUtf8(MakeUnitOf(SiUnitOf(unit)).GetName().GetString());
-    return ReportValues(texts, settings.source, report, [&](std::string_view text, ValueResult& result) {
-        const std::optional<double> si = reader.Read(text);
-        result.isGood = si.has_value();
-        if (!si)
-        {
-            result.expected = reader.Expected();
-            return;
-        }
-        result.value = *si;
-        result.text.clear();
-        AppendShortest(result.text, *si);
-    });
+    return ReportValues(texts, settings.source, report,
+                        [&](std::string_view text, ValueResult& result)
+                        {
+                            const std::optional<double> si = reader.Read(text);
+                            result.isGood = si.has_value();
+                            if (!si)
+                            {
+                                result.expected = reader.Expected();
+                                return;
+                            }
+                            result.value = *si;
+                            result.text.clear();
+                            AppendShortest(result.text, *si);
+                        });
 }
 
-} // namespace
+}  // namespace
 
 Command MakeParseCommand(CLI::App& program)
 {
@@ -76,5 +79,8 @@ Command MakeParseCommand(CLI::App& program)
     AddSourceOptions(*command, settings->source);
     AddReportOptions(*command, settings->report);
     command->footer(c_help);
-    return {command, [settings] { return RunParse(*settings); }};
+    return {command, [settings]
+            {
+                return RunParse(*settings);
+            }};
 }

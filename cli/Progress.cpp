@@ -21,11 +21,12 @@ std::string BarText(std::uint64_t done, std::uint64_t whole)
            std::string(c_barWidth - filled, '-') + "] ";
 }
 
-} // namespace
+}  // namespace
 
 Progress::Progress(std::optional<std::uint64_t> inputSize, bool wanted)
-    : m_inputSize(inputSize), m_enabled(wanted && System::IsTerminal(System::Stream::Error)),
-      m_nextDrawing(Clock::now() + c_patience)
+    : m_inputSize(inputSize)
+    , m_enabled(wanted && System::IsTerminal(System::Stream::Error))
+    , m_nextDrawing(Clock::now() + c_patience)
 {
 }
 

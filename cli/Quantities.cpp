@@ -58,7 +58,7 @@ constexpr bool IdsAscendFromOne()
 }
 static_assert(IdsAscendFromOne(), "QuantityById finds a row by its place");
 
-} // namespace
+}  // namespace
 
 std::span<const Quantity> Quantities()
 {

@@ -11,7 +11,7 @@ struct Quantity
 {
     unsigned int id;
     const char* name;
-    unsigned int family; ///< lowest id of those that measure the same
+    unsigned int family;  ///< lowest id of those that measure the same
 };
 
 /// All of them, ascending by id without a gap.

@@ -11,7 +11,7 @@ namespace
 
 constexpr unsigned int c_rangeInch = 5;
 constexpr unsigned int c_rangeInchFraction = 10;
-constexpr std::string_view c_minusSign = "−"; // U+2212, as documents print it
+constexpr std::string_view c_minusSign = "−";  // U+2212, as documents print it
 
 bool IsDigit(char character)
 {
@@ -36,7 +36,11 @@ std::string_view TrimBlanks(std::string_view text)
 class NumberCursor
 {
 public:
-    NumberCursor(std::string_view text, std::wstring& copy) : m_text(text), m_copy(copy) {}
+    NumberCursor(std::string_view text, std::wstring& copy)
+        : m_text(text)
+        , m_copy(copy)
+    {
+    }
 
     std::string_view Rest() const { return m_text; }
 
@@ -119,7 +123,10 @@ struct MarkSpelling
 };
 
 constexpr MarkSpelling c_markSpellings[] = {
-    {"''", L'"'}, {"″", L'"'}, {"′", L'\''}, {c_minusSign, L'-'},
+    {"''", L'"'},
+    {"″", L'"'},
+    {"′", L'\''},
+    {c_minusSign, L'-'},
 };
 
 // Feet-inches text in the library's own spelling; nothing when it holds what can belong to no such text, of which the
@@ -177,7 +184,7 @@ CVeUnitBase FeetAndInchesUnit()
     return {Unit::UNIT_ID_LENGTH, c_rangeFootInchFraction, 0, L'.', 1.0, 0};
 }
 
-} // namespace
+}  // namespace
 
 std::optional<NumberText> ReadNumber(std::string_view text, char separator)
 {
@@ -197,9 +204,13 @@ bool LooksLikeValue(std::string_view text)
 }
 
 QuantityReader::QuantityReader(const UnitLookup& lookup, const UnitChoice& unit, const Settings& settings)
-    : m_lookup(lookup), m_settings(settings), m_measure(unit), m_unit(MakeUnitOf(unit)),
-      m_feetAndInches(FeetAndInchesUnit()), m_readsFeetAndInches(IsImperialLength(unit)),
-      m_readsMarksOnly(WritesFeetAndInches(*m_unit))
+    : m_lookup(lookup)
+    , m_settings(settings)
+    , m_measure(unit)
+    , m_unit(MakeUnitOf(unit))
+    , m_feetAndInches(FeetAndInchesUnit())
+    , m_readsFeetAndInches(IsImperialLength(unit))
+    , m_readsMarksOnly(WritesFeetAndInches(*m_unit))
 {
 }
 
@@ -262,7 +273,8 @@ std::optional<double> QuantityReader::ReadFeetAndInches(std::string_view text)
 // The unit that a value names: the reader's own, or any that measures the same when it has none.
 const CVeUnitBase* QuantityReader::UnitOf(std::string_view suffix)
 {
-    const auto isWanted = [&](const UnitChoice& unit) {
+    const auto isWanted = [&](const UnitChoice& unit)
+    {
         return MeasuresTheSame(unit, m_measure) && (!m_unit || unit.range == m_measure.range);
     };
     if (m_lastSuffix.text != suffix)

@@ -10,7 +10,7 @@
 struct NumberText
 {
     double value;
-    std::string_view rest; ///< what follows it, without blanks around
+    std::string_view rest;  ///< what follows it, without blanks around
 };
 
 /// Reads a decimal number: digits with one decimal separator, a sign, a power of ten. Too large gives an infinity. The
@@ -34,7 +34,7 @@ public:
     struct Settings
     {
         char separator = '.';
-        double metricsFactor = 1.0; ///< lengths are multiplied by it, areas by its square
+        double metricsFactor = 1.0;  ///< lengths are multiplied by it, areas by its square
     };
 
     /// A reader of values in one unit.
@@ -52,7 +52,7 @@ private:
     struct Suffix
     {
         std::string text;
-        std::optional<CVeUnitBase> unit; ///< nothing when it is no unit of ours
+        std::optional<CVeUnitBase> unit;  ///< nothing when it is no unit of ours
     };
 
     std::optional<double> ReadText(std::string_view text);
@@ -67,8 +67,8 @@ private:
     std::optional<CVeUnitBase> m_unit;
     CVeUnitBase m_feetAndInches;
     bool m_readsFeetAndInches = false;
-    bool m_readsMarksOnly = false; ///< numbers alone count inches, as feet-inches text
-    Suffix m_lastSuffix;           ///< values of one input mostly have the same one
+    bool m_readsMarksOnly = false;  ///< numbers alone count inches, as feet-inches text
+    Suffix m_lastSuffix;            ///< values of one input mostly have the same one
     std::string m_expected;
     std::wstring m_wide;
 };

@@ -1,7 +1,7 @@
 #include "cli/Report.h"
 
-#include <optional>
 #include <CLI/CLI.hpp>
+#include <optional>
 
 #include "cli/Failure.h"
 #include "cli/JsonWriter.h"
@@ -16,7 +16,10 @@ constexpr std::string_view c_blanks = " \t";
 class Reporter
 {
 public:
-    explicit Reporter(const ReportSettings& settings) : m_settings(settings) {}
+    explicit Reporter(const ReportSettings& settings)
+        : m_settings(settings)
+    {
+    }
 
     // Results go off before the input is waited for; the bar comes back after them.
     void BeforeRead(std::uint64_t bytes)
@@ -120,7 +123,7 @@ void ReportValue(const ValueText& value, const ValueFunction& function, ValueRes
     reporter.Bad(value, result.expected);
 }
 
-} // namespace
+}  // namespace
 
 void AddReportOptions(CLI::App& command, ReportSettings& settings)
 {
@@ -131,8 +134,8 @@ int ReportValues(std::vector<std::string> arguments, const SourceSettings& sourc
                  const ValueFunction& function)
 {
     Reporter reporter(settings);
-    const std::unique_ptr<ValueSource> values = OpenValues(
-        std::move(arguments), source, [&reporter](std::uint64_t bytes) { reporter.BeforeRead(bytes); });
+    const std::unique_ptr<ValueSource> values =
+        OpenValues(std::move(arguments), source, [&reporter](std::uint64_t bytes) { reporter.BeforeRead(bytes); });
     if (values->File())
         reporter.ShowProgress(*values->File());
     ValueText value;

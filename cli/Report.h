@@ -29,7 +29,7 @@ using ValueFunction = std::function<void(std::string_view text, ValueResult& res
 struct ReportSettings
 {
     bool json = false;
-    std::string unit; ///< the unit of the numbers for programs
+    std::string unit;  ///< the unit of the numbers for programs
 };
 
 /// --json.

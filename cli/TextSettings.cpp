@@ -1,9 +1,9 @@
 #include "cli/TextSettings.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <CLI/CLI.hpp>
 
 #include "cli/Failure.h"
 #include "cli/Quantities.h"
@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr unsigned int c_finestFraction = 8; // 1/256 of an inch
+constexpr unsigned int c_finestFraction = 8;  // 1/256 of an inch
 constexpr int c_lastThreshold = 5;
 
 // The text is feet, inches and fractions, which carry their own marks.
@@ -37,13 +37,14 @@ void ReplacePoint(std::wstring_view text, wchar_t* out, wchar_t separator)
         out[point] = separator;
 }
 
-} // namespace
+}  // namespace
 
 CLI::Option* AddPrecisionOption(CLI::App& command, std::function<void(unsigned int)> set)
 {
     constexpr unsigned int c_mostDecimals = 15;
     return command
-        .add_option_function<unsigned int>("-p,--precision", std::move(set), "Decimals, 0 to 15; fineness of fractions, 0 to 8: 4 gives 1/16\"")
+        .add_option_function<unsigned int>("-p,--precision", std::move(set),
+                                           "Decimals, 0 to 15; fineness of fractions, 0 to 8: 4 gives 1/16\"")
         ->check(CLI::Range(0u, c_mostDecimals));
 }
 
@@ -55,19 +56,22 @@ void CheckPrecision(unsigned int precision, const CVeUnitBase& unit)
 
 void AddTextOptions(CLI::App& command, TextSettings& settings)
 {
-    AddPrecisionOption(command, [&settings](unsigned int precision) { settings.precision = precision; })->option_text("N (3)");
+    AddPrecisionOption(command, [&settings](unsigned int precision) { settings.precision = precision; })
+        ->option_text("N (3)");
     const std::map<std::string, bool> choices = {{"keep", false}, {"remove", true}};
     command.add_option("--trailing-zeros", settings.removeTrailingZeros, "What happens to the zeros of 12.500")
         ->transform(CLI::CheckedTransformer(choices))
         ->option_text("keep|remove (keep)");
-    command.add_option("--exponent-notation", settings.smallValueThreshold,
-                       "Write values as 1.250e-05 that are below 0.1 (0), 0.01 (1), ... 0.000001 (5)")
+    command
+        .add_option("--exponent-notation", settings.smallValueThreshold,
+                    "Write values as 1.250e-05 that are below 0.1 (0), 0.01 (1), ... 0.000001 (5)")
         ->check(CLI::Range(0, c_lastThreshold))
         ->option_text("0...5");
     command.add_flag("--superscript", settings.superscript,
                      "Raise the finest digits of metric lengths, as mark-up of drawing texts");
     command.add_flag("--drop-zero-superscript", settings.dropZeroSuperscript, "Leave out a superscript of zeros only");
-    command.add_flag_callback("--no-unit", [&settings] { settings.withUnit = false; }, "Write the number alone");
+    command.add_flag_callback(
+        "--no-unit", [&settings] { settings.withUnit = false; }, "Write the number alone");
 }
 
 void AddSeparatorOption(CLI::App& command, char& separator)
@@ -75,7 +79,8 @@ void AddSeparatorOption(CLI::App& command, char& separator)
     command
         .add_option_function<std::string>(
             "-s,--separator",
-            [&separator](const std::string& text) {
+            [&separator](const std::string& text)
+            {
                 if (!IsSeparator(text))
                     throw CLI::ValidationError("--separator", "expected one character such as a comma");
                 separator = text.front();
@@ -104,8 +109,11 @@ void CheckMetricsFactor(double factor, const UnitChoice& unit)
 }
 
 ValueWriter::ValueWriter(const UnitChoice& unit, const TextSettings& settings)
-    : m_unit(MakeUnitOf(unit)), m_settings(settings), m_symbol(ToUtf8(m_unit.GetName().GetString())),
-      m_appendsSymbol(settings.withUnit && !m_symbol.empty() && !WritesMarks(m_unit)), m_buffer{}
+    : m_unit(MakeUnitOf(unit))
+    , m_settings(settings)
+    , m_symbol(ToUtf8(m_unit.GetName().GetString()))
+    , m_appendsSymbol(settings.withUnit && !m_symbol.empty() && !WritesMarks(m_unit))
+    , m_buffer{}
 {
     CheckMetricsFactor(settings.metricsFactor, unit);
     CheckPrecision(settings.precision, m_unit);

@@ -9,14 +9,14 @@ namespace CLI
 {
 class App;
 class Option;
-}
+}  // namespace CLI
 
 /// How a value is written: the library's settings, as the options of the command give them.
 struct TextSettings
 {
     unsigned int precision = 3;
     char separator = '.';
-    int smallValueThreshold = -1; ///< 0 to 5; -1 never writes exponents
+    int smallValueThreshold = -1;  ///< 0 to 5; -1 never writes exponents
     bool removeTrailingZeros = false;
     bool superscript = false;
     bool dropZeroSuperscript = false;
@@ -57,7 +57,7 @@ public:
     const std::string& Symbol() const { return m_symbol; }
 
 private:
-    static constexpr unsigned int c_bufferSize = 512; // 309 digits, a point, 15 decimals, the mark-up of a superscript
+    static constexpr unsigned int c_bufferSize = 512;  // 309 digits, a point, 15 decimals, the mark-up of a superscript
 
     CVeUnitBase m_unit;
     TextSettings m_settings;

@@ -144,7 +144,8 @@ void KeepOnePerMeaning(std::vector<UnitChoice>& units)
     std::vector<UnitChoice> kept;
     for (const UnitChoice& unit : units)
     {
-        const auto isSame = [&](const UnitChoice& other) {
+        const auto isSame = [&](const UnitChoice& other)
+        {
             return MeasuresTheSame(unit, other) && unit.range == other.range;
         };
         if (std::none_of(kept.begin(), kept.end(), isSame))
@@ -177,7 +178,7 @@ std::string NameExample(const UnitChoice& unit)
                      NameExample(units.front()) + ":" + ListUnits(units));
 }
 
-} // namespace
+}  // namespace
 
 bool MeasuresTheSame(const UnitChoice& left, const UnitChoice& right)
 {
@@ -279,10 +280,13 @@ std::vector<UnitChoice> UnitLookup::Find(std::string_view text) const
         if (const std::optional<UnitChoice> unit = ReadRange(*qualified->quantity, text))
             return {*unit};
 
-    const auto isSearched = [&](const UnitChoice& unit) {
+    const auto isSearched = [&](const UnitChoice& unit)
+    {
         return qualified ? unit.id == qualified->quantity->id : unit.id == FamilyOf(unit.id);
     };
-    const auto collect = [&](const std::vector<Name>& names, std::string Name::*form, std::string_view wanted, int exponent) {
+    const auto collect =
+        [&](const std::vector<Name>& names, std::string Name::*form, std::string_view wanted, int exponent)
+    {
         std::vector<UnitChoice> found;
         for (const Name& name : names)
             if (isSearched(name.unit) && name.*form == wanted && (exponent == 1 || IsPower(name.unit, exponent)))
@@ -342,8 +346,8 @@ std::pair<UnitChoice, UnitChoice> UnitLookup::ResolvePair(std::string_view from,
     std::vector<UnitChoice> candidates = sources;
     candidates.insert(candidates.end(), targets.begin(), targets.end());
     if (pairs.empty())
-        throw UsageError(Quote(from) + " does not convert to " + Quote(to) + ", which measures something else:" +
-                         ListUnits(candidates));
+        throw UsageError(Quote(from) + " does not convert to " + Quote(to) +
+                         ", which measures something else:" + ListUnits(candidates));
     candidates.clear();
     for (const auto& [source, target] : pairs)
         candidates.insert(candidates.end(), {source, target});

@@ -58,8 +58,8 @@ public:
 private:
     struct Name
     {
-        std::string key;    ///< the spelling without what people write in more than one way
-        std::string folded; ///< the same in lower case
+        std::string key;     ///< the spelling without what people write in more than one way
+        std::string folded;  ///< the same in lower case
         UnitChoice unit;
     };
 

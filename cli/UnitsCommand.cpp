@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 
-#include <memory>
 #include <CLI/CLI.hpp>
+#include <memory>
 
 #include "cli/Failure.h"
 #include "cli/JsonWriter.h"
@@ -49,7 +49,14 @@ void VisitUnits(const Quantity* wanted, const Visitor& visit)
 TextTable MakeTable()
 {
     constexpr TextTable::Align c_right = TextTable::Align::Right;
-    return TextTable({{"id", c_right}, {"range", c_right}, {"symbol"}, {"title"}, {"coefficient"}, {"type"}, {"format"}, {"quantity"}});
+    return TextTable({{"id", c_right},
+                      {"range", c_right},
+                      {"symbol"},
+                      {"title"},
+                      {"coefficient"},
+                      {"type"},
+                      {"format"},
+                      {"quantity"}});
 }
 
 void AddRow(TextTable& table, const Quantity& quantity, CVeUnitBase unit)
@@ -88,7 +95,8 @@ int RunUnits(const UnitsSettings& settings)
     }
     Output output;
     if (settings.json)
-        VisitUnits(wanted, [&](const Quantity& quantity, const CVeUnitBase& unit) { WriteJson(output, quantity, unit); });
+        VisitUnits(wanted,
+                   [&](const Quantity& quantity, const CVeUnitBase& unit) { WriteJson(output, quantity, unit); });
     else
     {
         TextTable table = MakeTable();
@@ -99,7 +107,7 @@ int RunUnits(const UnitsSettings& settings)
     return c_exitDone;
 }
 
-} // namespace
+}  // namespace
 
 Command MakeUnitsCommand(CLI::App& program)
 {
@@ -108,5 +116,8 @@ Command MakeUnitsCommand(CLI::App& program)
     command->add_option("quantity", settings->quantity, "Id or English name of a quantity")->option_text("[QUANTITY]");
     command->add_flag("--json", settings->json, "One JSON object per unit and line");
     command->footer(c_help);
-    return {command, [settings] { return RunUnits(*settings); }};
+    return {command, [settings]
+            {
+                return RunUnits(*settings);
+            }};
 }

@@ -9,9 +9,9 @@ constexpr char32_t c_replacement = 0xFFFD;
 
 struct LeadRow
 {
-    unsigned char first, last; // lead bytes
+    unsigned char first, last;  // lead bytes
     int length;
-    unsigned char secondFirst, secondLast; // what the second byte may be: excludes overlong forms and surrogates
+    unsigned char secondFirst, secondLast;  // what the second byte may be: excludes overlong forms and surrogates
 };
 
 // clang-format off
@@ -38,7 +38,10 @@ struct Decoded
 
 Decoded DecodeMultiByte(std::string_view text)
 {
-    const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    const auto byteAt = [&](std::size_t index)
+    {
+        return static_cast<unsigned char>(text[index]);
+    };
     const unsigned char lead = byteAt(0);
     for (const LeadRow& row : c_leadRows)
     {
@@ -81,7 +84,10 @@ void AppendWide(std::wstring& out, char32_t codePoint)
 
 void AppendCodePoint(std::string& out, char32_t codePoint)
 {
-    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
+    const auto put = [&](char32_t byte)
+    {
+        out.push_back(static_cast<char>(byte));
+    };
     if (codePoint < 0x80)
         return put(codePoint);
     if (codePoint < 0x800)
@@ -111,7 +117,7 @@ bool IsLowSurrogate(std::uint32_t unit)
     return (unit & 0xFFFFFC00u) == 0xDC00u;
 }
 
-} // namespace
+}  // namespace
 
 std::size_t FindInvalidUtf8(std::string_view text)
 {
@@ -154,7 +160,10 @@ void AppendUtf8(std::string& out, std::wstring_view text)
 {
     for (std::size_t index = 0; index < text.size(); ++index)
     {
-        const auto unitAt = [&](std::size_t at) { return static_cast<std::uint32_t>(text[at]); };
+        const auto unitAt = [&](std::size_t at)
+        {
+            return static_cast<std::uint32_t>(text[at]);
+        };
         const std::uint32_t unit = unitAt(index);
         if (IsHighSurrogate(unit) && index + 1 < text.size() && IsLowSurrogate(unitAt(index + 1)))
         {

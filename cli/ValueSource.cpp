@@ -15,7 +15,10 @@ constexpr const char* c_tooLong = "longer than a megabyte";
 class ArgumentValues : public ValueSource
 {
 public:
-    explicit ArgumentValues(std::vector<std::string> texts) : m_texts(std::move(texts)) {}
+    explicit ArgumentValues(std::vector<std::string> texts)
+        : m_texts(std::move(texts))
+    {
+    }
 
     bool Next(ValueText& value) override
     {
@@ -35,7 +38,10 @@ private:
 class LineValues : public ValueSource
 {
 public:
-    explicit LineValues(ByteStream stream) : m_stream(std::move(stream)) {}
+    explicit LineValues(ByteStream stream)
+        : m_stream(std::move(stream))
+    {
+    }
 
     bool Next(ValueText& value) override
     {
@@ -57,7 +63,8 @@ class ColumnValues : public ValueSource
 {
 public:
     ColumnValues(ByteStream stream, const SourceSettings& settings)
-        : m_stream(std::move(stream)), m_reader(m_stream, settings.delimiter)
+        : m_stream(std::move(stream))
+        , m_reader(m_stream, settings.delimiter)
     {
         const std::optional<unsigned int> number = ReadWholeNumber(settings.column);
         if (settings.hasHeader && !m_reader.Read(m_record))
@@ -132,14 +139,16 @@ char ReadDelimiter(const std::string& text)
     return text.front();
 }
 
-} // namespace
+}  // namespace
 
 void AddSourceOptions(CLI::App& command, SourceSettings& settings)
 {
     CLI::Option* const csv =
-        command.add_option("--csv", settings.csvFile, "Take the values from a CSV file (- for standard input)")->option_text("FILE");
+        command.add_option("--csv", settings.csvFile, "Take the values from a CSV file (- for standard input)")
+            ->option_text("FILE");
     CLI::Option* const column =
-        command.add_option("--column", settings.column, "Column of the values: its name, or its number from 1")->option_text("NAME|N");
+        command.add_option("--column", settings.column, "Column of the values: its name, or its number from 1")
+            ->option_text("NAME|N");
     csv->needs(column);
     column->needs(csv);
     command
@@ -148,7 +157,9 @@ void AddSourceOptions(CLI::App& command, SourceSettings& settings)
             "What separates the columns; tab is understood")
         ->option_text("CHARACTER (,)")
         ->needs(csv);
-    command.add_flag_callback("--no-header", [&settings] { settings.hasHeader = false; }, "The first row holds values, not names")
+    command
+        .add_flag_callback(
+            "--no-header", [&settings] { settings.hasHeader = false; }, "The first row holds values, not names")
         ->needs(csv);
 }
 

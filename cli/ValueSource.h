@@ -18,8 +18,8 @@ class App;
 /// Where the values come from when they are not arguments, as the options of the command give it.
 struct SourceSettings
 {
-    std::string csvFile; ///< "-" for standard input
-    std::string column;  ///< name, or number from 1
+    std::string csvFile;  ///< "-" for standard input
+    std::string column;   ///< name, or number from 1
     char delimiter = ',';
     bool hasHeader = true;
 };
@@ -30,9 +30,9 @@ void AddSourceOptions(CLI::App& command, SourceSettings& settings);
 /// One text to be read as a value.
 struct ValueText
 {
-    std::string_view text; ///< valid until the next one; any bytes
-    std::uint64_t line = 0; ///< where it stands in the input, from 1; 0 for an argument
-    const char* problem = nullptr; ///< what keeps it from being read at all; null for a good text
+    std::string_view text;          ///< valid until the next one; any bytes
+    std::uint64_t line = 0;         ///< where it stands in the input, from 1; 0 for an argument
+    const char* problem = nullptr;  ///< what keeps it from being read at all; null for a good text
 };
 
 /// Values one after the other, from input of any size.

@@ -1,7 +1,7 @@
+#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <vector>
-#include <CLI/CLI.hpp>
 
 #include "cli/Commands.h"
 #include "cli/Failure.h"
@@ -58,7 +58,7 @@ int RefuseUsage(const CLI::App& program, const std::string& problem)
 int Run(std::vector<std::string> arguments)
 {
     CLI::App program("Units of measure: converts values, writes them as text and reads them back.", "vetools");
-    program.allow_windows_style_options(false); // /" is a unit
+    program.allow_windows_style_options(false);  // /" is a unit
     program.set_version_flag("--version", "vetools " VETOOLS_VERSION, "Print the version and exit");
     program.formatter(std::make_shared<HelpFormatter>());
     program.require_subcommand(1);
@@ -93,7 +93,7 @@ int Run(std::vector<std::string> arguments)
     return c_exitUsage;
 }
 
-} // namespace
+}  // namespace
 
 int main(int argc, char** argv)
 {

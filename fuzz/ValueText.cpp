@@ -80,7 +80,7 @@ std::wstring BoundedText(const CVeUnitBase& unit, double value, const ValueTextO
     return ample.data();
 }
 
-} // namespace
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -92,7 +92,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     double value;
     std::memcpy(&value, input.value, sizeof value);
 
-    const auto flag = [&input](int bit) { return input.flags >> bit & 1; };
+    const auto flag = [&input](int bit)
+    {
+        return input.flags >> bit & 1;
+    };
     const int threshold = input.threshold % 8 - 1;
     ValueTextOptions options{
         .withUnit = flag(0) != 0,
@@ -102,8 +105,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .smallValueThreshold = threshold,
     };
     const std::wstring ten = ClassicText(
-        [&](wchar_t* buffer, unsigned int bufferSize)
-        { return unit.Double2String(buffer, value, flag(0), L"%.*f", flag(1), flag(2), bufferSize, 0, flag(3), threshold); },
+        [&](wchar_t* buffer, unsigned int bufferSize) {
+            return unit.Double2String(buffer, value, flag(0), L"%.*f", flag(1), flag(2), bufferSize, 0, flag(3),
+                                      threshold);
+        },
         input.bufferSize);
     Require(ten == BoundedText(unit, value, options, input.bufferSize));
 
@@ -113,8 +118,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring twelve = ClassicText(
         [&](wchar_t* buffer, unsigned int bufferSize)
         {
-            return unit.Double2String(buffer, flag(4), value, flag(0), L"%.*f", flag(1), flag(2), bufferSize, flag(5), 0, flag(3),
-                                      threshold);
+            return unit.Double2String(buffer, flag(4), value, flag(0), L"%.*f", flag(1), flag(2), bufferSize, flag(5),
+                                      0, flag(3), threshold);
         },
         input.bufferSize);
     Require(twelve == BoundedText(unit, value, options, input.bufferSize));

@@ -61,10 +61,14 @@ public:
     bool IsTerminal() const;
 
 private:
-    InputFile(std::intptr_t handle, bool owned) : m_handle(handle), m_owned(owned) {}
+    InputFile(std::intptr_t handle, bool owned)
+        : m_handle(handle)
+        , m_owned(owned)
+    {
+    }
 
     std::intptr_t m_handle;
     bool m_owned;
 };
 
-} // namespace System
+}  // namespace System

@@ -46,30 +46,36 @@ void ExpectTexts(const CVeUnitBase& unit, std::span<const ValueRow> rows, const 
         EXPECT_EQ(row.expected, Ten(unit, row.value, settings)) << "value " << row.value;
 }
 
-CVeUnitBase Newton(unsigned int precision) { return MakeUnit(Unit::UNIT_ID_FORCE, 0, precision); }
-CVeUnitBase Metre(unsigned int precision) { return MakeUnit(Unit::UNIT_ID_LENGTH, 4, precision); }
+CVeUnitBase Newton(unsigned int precision)
+{
+    return MakeUnit(Unit::UNIT_ID_FORCE, 0, precision);
+}
+CVeUnitBase Metre(unsigned int precision)
+{
+    return MakeUnit(Unit::UNIT_ID_LENGTH, 4, precision);
+}
 
-} // namespace
+}  // namespace
 
 TEST(DecimalText, ShowsTheSiValueTimesTheCoefficientWithTheUnitsPrecision)
 {
     const UnitRow rows[] = {
-    //   expected            id  range  precision  value
-        {L"0",               2,  0,     0,         0.0},
-        {L"0.000",           2,  0,     3,         0.0},
-        {L"-0.000",          2,  0,     3,         -0.0},
-        {L"12.50",           2,  2,     2,         12500.0},
-        {L"-12.50",          2,  2,     2,         -12500.0},
-        {L"2",               2,  0,     0,         2.5},        // an exact half to the even digit: a force is no length
-        {L"0.12",            2,  0,     2,         0.125},
-        {L"1250.000",        1,  1,     3,         1.25},
-        {L"57.2958",         5,  0,     4,         1.0},
-        {L"141732.28",       16, 7,     2,         1.0},
-        {L"0.33333333333333331483", 2, 0, 20,      1.0 / 3},
-        {L"10000000000000000159028911097599180468360808563945281389781327557747838772170381060813469985856815104.0",
-                             2,  0,     1,         1e100},
-        {L"0.0",             2,  0,     1,         4.9406564584124654e-324},
-        {L"42",              27, 3,     0,         42.0},       // an unknown quantity has the coefficient 1
+        //   expected            id  range  precision  value
+        {L"0", 2, 0, 0, 0.0},
+        {L"0.000", 2, 0, 3, 0.0},
+        {L"-0.000", 2, 0, 3, -0.0},
+        {L"12.50", 2, 2, 2, 12500.0},
+        {L"-12.50", 2, 2, 2, -12500.0},
+        {L"2", 2, 0, 0, 2.5},  // an exact half to the even digit: a force is no length
+        {L"0.12", 2, 0, 2, 0.125},
+        {L"1250.000", 1, 1, 3, 1.25},
+        {L"57.2958", 5, 0, 4, 1.0},
+        {L"141732.28", 16, 7, 2, 1.0},
+        {L"0.33333333333333331483", 2, 0, 20, 1.0 / 3},
+        {L"10000000000000000159028911097599180468360808563945281389781327557747838772170381060813469985856815104.0", 2,
+         0, 1, 1e100},
+        {L"0.0", 2, 0, 1, 4.9406564584124654e-324},
+        {L"42", 27, 3, 0, 42.0},  // an unknown quantity has the coefficient 1
     };
     ExpectTexts(rows);
 }
@@ -77,15 +83,10 @@ TEST(DecimalText, ShowsTheSiValueTimesTheCoefficientWithTheUnitsPrecision)
 TEST(DecimalText, AppendsABlankAndTheDisplayName)
 {
     const UnitRow rows[] = {
-        {L"12.50 kN",        2,  2,     2,         12500.0},
-        {L"1250.0 mm",       1,  1,     1,         1.25},
-        {L"1000000.0 \u00B5m", 1, 0,    1,         1.0},
-        {L"39.4 \"",         1,  5,     1,         1.0},
-        {L"3.3 '",           1,  6,     1,         1.0},
-        {L"5.0 m/s\u00B2",   17, 2,     1,         5.0},
-        {L"7.0 %",           18, 1,     1,         7.0},
-        {L"7.0",             18, 0,     1,         7.0},   // no name: no blank either
-        {L"7.0",             11, 0,     1,         7.0},
+        {L"12.50 kN", 2, 2, 2, 12500.0}, {L"1250.0 mm", 1, 1, 1, 1.25}, {L"1000000.0 \u00B5m", 1, 0, 1, 1.0},
+        {L"39.4 \"", 1, 5, 1, 1.0},      {L"3.3 '", 1, 6, 1, 1.0},      {L"5.0 m/s\u00B2", 17, 2, 1, 5.0},
+        {L"7.0 %", 18, 1, 1, 7.0},       {L"7.0", 18, 0, 1, 7.0},  // no name: no blank either
+        {L"7.0", 11, 0, 1, 7.0},
     };
     ExpectTexts(rows, {.withUnit = 1});
 }
@@ -110,17 +111,12 @@ TEST(DecimalText, KeptImperialAreasAndVolumesReadSqInAndCuInWhateverTheirName)
 TEST(DecimalText, RoundsLengthsUpFromOnePercentOfAStepBelowTheMidpoint)
 {
     const UnitRow rows[] = {
-        {L"1.01",   1, 4, 2, 1.0049},
-        {L"1.00",   1, 4, 2, 1.0048},
-        {L"2.35",   1, 4, 2, 2.345},
-        {L"2.34",   1, 4, 2, 2.3448},
-        {L"3",      1, 4, 0, 2.5},
-        {L"2",      1, 4, 0, 2.48},
-        {L"1.000",  1, 4, 3, 0.9995},
+        {L"1.01", 1, 4, 2, 1.0049}, {L"1.00", 1, 4, 2, 1.0048}, {L"2.35", 1, 4, 2, 2.345},   {L"2.34", 1, 4, 2, 2.3448},
+        {L"3", 1, 4, 0, 2.5},       {L"2", 1, 4, 0, 2.48},      {L"1.000", 1, 4, 3, 0.9995},
     };
     const UnitRow others[] = {
-        {L"1.00",   2, 0, 2, 1.0049},    // only lengths are rounded so
-        {L"2",      2, 0, 0, 2.5},
+        {L"1.00", 2, 0, 2, 1.0049},  // only lengths are rounded so
+        {L"2", 2, 0, 0, 2.5},
     };
     ExpectTexts(rows);
     ExpectTexts(others);
@@ -129,11 +125,8 @@ TEST(DecimalText, RoundsLengthsUpFromOnePercentOfAStepBelowTheMidpoint)
 TEST(DecimalText, KeptLengthsRoundTowardsPlusInfinity)
 {
     const UnitRow rows[] = {
-        {L"0.00",  1, 4, 2, -0.005},
-        {L"-0.01", 1, 4, 2, -0.0052},
-        {L"-2.34", 1, 4, 2, -2.345},
-        {L"-1",    1, 4, 0, -1.5},
-        {L"0",     1, 4, 0, -0.3},
+        {L"0.00", 1, 4, 2, -0.005}, {L"-0.01", 1, 4, 2, -0.0052}, {L"-2.34", 1, 4, 2, -2.345},
+        {L"-1", 1, 4, 0, -1.5},     {L"0", 1, 4, 0, -0.3},
     };
     ExpectTexts(rows);
 }
@@ -141,11 +134,11 @@ TEST(DecimalText, KeptLengthsRoundTowardsPlusInfinity)
 TEST(DecimalText, KeptANameCountsAsALengthWhenALengthSymbolStandsAnywhereInIt)
 {
     const UnitRow rows[] = {
-        {L"2.35", 3,  0, 2, 2.345},     // N*m
-        {L"3",    8,  1, 0, 150.0},     // min: 2.5
-        {L"3",    16, 2, 0, 2.5},       // m/s
-        {L"2",    8,  0, 0, 2.5},       // s
-        {L"2",    15, 0, 0, 2.5},       // J
+        {L"2.35", 3, 0, 2, 2.345},  // N*m
+        {L"3", 8, 1, 0, 150.0},     // min: 2.5
+        {L"3", 16, 2, 0, 2.5},      // m/s
+        {L"2", 8, 0, 0, 2.5},       // s
+        {L"2", 15, 0, 0, 2.5},      // J
     };
     ExpectTexts(rows);
 
@@ -165,12 +158,8 @@ TEST(DecimalText, KeptANameCountsAsALengthWhenALengthSymbolStandsAnywhereInIt)
 TEST(DecimalText, ShowsLengthsBelowAMillimetreAsZeroWhenThePrecisionIsTooSmall)
 {
     const UnitRow rows[] = {
-        {L"0.00",    1,  4, 2, 0.0005},
-        {L"0.00",    21, 4, 2, 0.0005},
-        {L"0",       1,  1, 0, 0.0005},  // mm
-        {L"0.00",    1,  4, 2, -0.0},
-        {L"0.001",   1,  4, 3, 0.001},
-        {L"0.00",    1,  4, 2, 0.00099},
+        {L"0.00", 1, 4, 2, 0.0005}, {L"0.00", 21, 4, 2, 0.0005}, {L"0", 1, 1, 0, 0.0005},  // mm
+        {L"0.00", 1, 4, 2, -0.0},   {L"0.001", 1, 4, 3, 0.001},  {L"0.00", 1, 4, 2, 0.00099},
     };
     ExpectTexts(rows);
 }
@@ -184,15 +173,12 @@ TEST(DecimalText, KeptQuantity12ShowsLessThanAMillimetre)
 TEST(DecimalText, WidensThePrecisionToTheFirstSignificantDecimalOfOtherSmallLengths)
 {
     const UnitRow rows[] = {
-        {L"0.0005",  12, 4, 2, 0.0005},
-        {L"0.0005",  12, 4, 0, 0.00052},
-        {L"0.005",   1,  4, 2, 0.0051},
-        {L"0.001",   1,  4, 2, 0.0012},
-        {L"0.5",     1,  2, 0, 0.005},          // cm
-        {L"0.9",     1,  4, 0, 0.9},
-        {L"0.000000000001", 12, 4, 2, 1e-12},
-        {L"0.00",    12, 4, 2, 1e-13},          // all twelve decimals are zero
-        {L"1",       1,  4, 0, 0.9999999999999},
+        {L"0.0005", 12, 4, 2, 0.0005},    {L"0.0005", 12, 4, 0, 0.00052},
+        {L"0.005", 1, 4, 2, 0.0051},      {L"0.001", 1, 4, 2, 0.0012},
+        {L"0.5", 1, 2, 0, 0.005},  // cm
+        {L"0.9", 1, 4, 0, 0.9},           {L"0.000000000001", 12, 4, 2, 1e-12},
+        {L"0.00", 12, 4, 2, 1e-13},  // all twelve decimals are zero
+        {L"1", 1, 4, 0, 0.9999999999999},
     };
     ExpectTexts(rows);
 }
@@ -209,13 +195,7 @@ TEST(DecimalText, KeptThePrecisionIsNotWidenedForAnotherSeparatorThanAFullStop)
 TEST(DecimalText, RemovesTrailingZerosAndThenTheSeparator)
 {
     const ValueRow rows[] = {
-        {L"12.5",   12.5},
-        {L"12",     12.0},
-        {L"100",    100.0},
-        {L"0",      0.0},
-        {L"-0",     -0.0},
-        {L"0.001",  0.001},
-        {L"0.1",    0.1},
+        {L"12.5", 12.5}, {L"12", 12.0}, {L"100", 100.0}, {L"0", 0.0}, {L"-0", -0.0}, {L"0.001", 0.001}, {L"0.1", 0.1},
     };
     ExpectTexts(Newton(3), rows, {.removeTrailingZeros = 1});
     EXPECT_EQ(L"100", Ten(Newton(0), 100.0, {.removeTrailingZeros = 1}));  // without a separator there are no decimals
@@ -251,32 +231,32 @@ TEST(DecimalText, WritesSmallValuesWithAnExponent)
         int threshold;
     };
     const Row rows[] = {
-        {L"0.100",      0.1,        0},
-        {L"9.900e-02",  0.099,      0},
-        {L"0.010",      0.01,       1},
-        {L"9.900e-03",  0.0099,     1},
-        {L"0.001",      0.001,      2},
-        {L"5.000e-04",  0.0005,     2},
-        {L"-5.000e-04", -0.0005,    2},
-        {L"-0.001",     -0.001,     2},
-        {L"-5.000",     -5.0,       2},
-        {L"0.001",      0.0005,     3},
-        {L"5.000e-05",  0.00005,    3},
-        {L"5.000e-06",  0.000005,   4},
-        {L"5.000e-07",  0.0000005,  5},
-        {L"0.000",      0.000001,   5},
-        {L"0.000",      0.0,        0},   // zero never is
-        {L"-0.000",     -0.0,       0},
-        {L"0.000",      0.99e-10,   0},   // its square is that of zero
-        {L"1.100e-10",  1.1e-10,    0},
-        {L"0.001",      0.0005,     -1},  // no such threshold; 0.0005 lies above the midpoint
-        {L"0.001",      0.0005,     6},
-        {L"0.001",      0.0005,     std::numeric_limits<int>::min()},
-        {L"0.001",      0.0005,     std::numeric_limits<int>::max()},
+        {L"0.100", 0.1, 0},
+        {L"9.900e-02", 0.099, 0},
+        {L"0.010", 0.01, 1},
+        {L"9.900e-03", 0.0099, 1},
+        {L"0.001", 0.001, 2},
+        {L"5.000e-04", 0.0005, 2},
+        {L"-5.000e-04", -0.0005, 2},
+        {L"-0.001", -0.001, 2},
+        {L"-5.000", -5.0, 2},
+        {L"0.001", 0.0005, 3},
+        {L"5.000e-05", 0.00005, 3},
+        {L"5.000e-06", 0.000005, 4},
+        {L"5.000e-07", 0.0000005, 5},
+        {L"0.000", 0.000001, 5},
+        {L"0.000", 0.0, 0},  // zero never is
+        {L"-0.000", -0.0, 0},
+        {L"0.000", 0.99e-10, 0},  // its square is that of zero
+        {L"1.100e-10", 1.1e-10, 0},
+        {L"0.001", 0.0005, -1},  // no such threshold; 0.0005 lies above the midpoint
+        {L"0.001", 0.0005, 6},
+        {L"0.001", 0.0005, std::numeric_limits<int>::min()},
+        {L"0.001", 0.0005, std::numeric_limits<int>::max()},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(row.expected, Ten(Newton(3), row.value,
-                                    {.smallValuesAsExponent = 1, .smallValueThreshold = row.threshold}))
+        EXPECT_EQ(row.expected,
+                  Ten(Newton(3), row.value, {.smallValuesAsExponent = 1, .smallValueThreshold = row.threshold}))
             << row.value << " threshold " << row.threshold;
     EXPECT_EQ(L"0.001", Ten(Newton(3), 0.0005, {.smallValueThreshold = 2}));
 }
@@ -292,11 +272,8 @@ TEST(DecimalText, WritesExponentsWithTheUnitsPrecisionAndAllTheirZeros)
 TEST(DecimalText, AddsTheOffsetsOfFahrenheitAndKelvin)
 {
     const UnitRow rows[] = {
-        {L"100.0",  10, 0, 1, 100.0},
-        {L"212.0",  10, 1, 1, 100.0},
-        {L"32.0",   10, 1, 1, 0.0},
-        {L"273.15", 10, 2, 2, 0.0},
-        {L"-0.0",   10, 0, 1, -0.0},
+        {L"100.0", 10, 0, 1, 100.0}, {L"212.0", 10, 1, 1, 100.0}, {L"32.0", 10, 1, 1, 0.0},
+        {L"273.15", 10, 2, 2, 0.0},  {L"-0.0", 10, 0, 1, -0.0},
     };
     ExpectTexts(rows);
 }
@@ -399,17 +376,10 @@ TEST(DecimalText, TakesAnyMetricsFactor)
         double metricsFactor;
         int exponent;
     } rows[] = {
-        {L"INF",      0.0,          1},
-        {L"-INF",     -0.0,         1},
-        {L"INF",      -0.0,         2},
-        {L"-2.00",    -4.0,         1},
-        {L"0.50",     -4.0,         2},
-        {L"-0.12",    -4.0,         3},  // -0.125, and half way is up
-        {L"-32.00",   -4.0,         -1},
-        {L"8.00",     0.0,          0},  // any factor to the power of 0 is 1
-        {L"8.00",     c_notANumber, 0},
-        {L"0.00",     c_infinity,   1},
-        {L"1.#R",     c_notANumber, 1},
+        {L"INF", 0.0, 1},           {L"-INF", -0.0, 1},       {L"INF", -0.0, 2},
+        {L"-2.00", -4.0, 1},        {L"0.50", -4.0, 2},       {L"-0.12", -4.0, 3},  // -0.125, and half way is up
+        {L"-32.00", -4.0, -1},      {L"8.00", 0.0, 0},                              // any factor to the power of 0 is 1
+        {L"8.00", c_notANumber, 0}, {L"0.00", c_infinity, 1}, {L"1.#R", c_notANumber, 1},
     };
     for (const auto& row : rows)
     {
@@ -429,20 +399,13 @@ TEST(DecimalText, AppliesTheCallersFormatToThePrecisionAndTheValue)
         const wchar_t* expected;
         const wchar_t* format;
     } rows[] = {
-        {L"1234.50",     L"%.*f"},
-        {L"1234.50",     L"%.*lf"},
-        {L"1234.50",     nullptr},
-        {L"+1234.50",    L"%+.*f"},
-        {L"[1234.50]",   L"[%.*f]"},
-        {L"1.23e+03",    L"%.*e"},
-        {L"1.23E+03",    L"%.*E"},
-        {L"1.2e+03",     L"%.*g"},
-        {L"2 1234.500000", L"%d %f"},
-        {L"%1234.50",    L"%%%.*f"},
-        {L"1234.50%",    L"%.*f%%"},
-        {L"1234.50f",    L"%.*ff"},
-        {L"plain",       L"plain"},
-        {L"",            L""},
+        {L"1234.50", L"%.*f"},        {L"1234.50", L"%.*lf"},
+        {L"1234.50", nullptr},        {L"+1234.50", L"%+.*f"},
+        {L"[1234.50]", L"[%.*f]"},    {L"1.23e+03", L"%.*e"},
+        {L"1.23E+03", L"%.*E"},       {L"1.2e+03", L"%.*g"},
+        {L"2 1234.500000", L"%d %f"}, {L"%1234.50", L"%%%.*f"},
+        {L"1234.50%", L"%.*f%%"},     {L"1234.50f", L"%.*ff"},
+        {L"plain", L"plain"},         {L"", L""},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, Ten(Newton(2), 1234.5, {.format = row.format}))
@@ -451,9 +414,28 @@ TEST(DecimalText, AppliesTheCallersFormatToThePrecisionAndTheValue)
 
 TEST(DecimalText, SurvivesFormatsThatAskForOtherArguments)
 {
-    for (const wchar_t* format : {L"%s", L"%n", L"%s%n%d%d%d", L"%", L"%.", L"%.*", L"%*.*f", L"%*.*f%s", L"%p", L"%S",
-                                  L"%c", L"%hs", L"%I64d", L"%l", L"%.*f%.*f%.*f", L"%2147483647d", L"%99999999999f",
-                                  L"%.99999999999f", L"%-*.*f", L"%y", L"%f%f%f%f%f%s", L"%.*f%n"})
+    for (const wchar_t* format : {L"%s",
+                                  L"%n",
+                                  L"%s%n%d%d%d",
+                                  L"%",
+                                  L"%.",
+                                  L"%.*",
+                                  L"%*.*f",
+                                  L"%*.*f%s",
+                                  L"%p",
+                                  L"%S",
+                                  L"%c",
+                                  L"%hs",
+                                  L"%I64d",
+                                  L"%l",
+                                  L"%.*f%.*f%.*f",
+                                  L"%2147483647d",
+                                  L"%99999999999f",
+                                  L"%.99999999999f",
+                                  L"%-*.*f",
+                                  L"%y",
+                                  L"%f%f%f%f%f%s",
+                                  L"%.*f%n"})
     {
         std::vector<wchar_t> buffer(200000, c_guard);
         const std::wstring text = Ten(Newton(2), buffer.data(), 1234.5, {.withUnit = 1, .format = format});
@@ -471,15 +453,15 @@ TEST(DecimalText, RaisesMillimetresAndWhatIsFiner)
         double value;
         int dropZeros;
     } rows[] = {
-        {L"\\A1;1.23{\\H0.6x;\\S4^;}",     4, 3, 1.234,   0},
-        {L"\\A1;1.23{\\H0.6x;\\S0^;}",     4, 3, 1.23,    0},
-        {L"\\A1;1.23",                     4, 3, 1.23,    1},
-        {L"\\A1;1.23{\\H0.6x;\\S04^;}",    4, 4, 1.2304,  1},
-        {L"\\A1;1.2",                      4, 1, 1.2,     0},
-        {L"\\A1;12.3{\\H0.6x;\\S45^;}",    3, 3, 1.2345,  0},   // dm: one decimal stands for the millimetres
-        {L"\\A1;123{\\H0.6x;\\S4^;}",      2, 1, 1.234,   0},   // cm: none
-        {L"\\A1;1234.5",                   1, 1, 1.2345,  0},   // mm: nothing is raised
-        {L"\\A1;1234500.0",                0, 1, 1.2345,  0},
+        {L"\\A1;1.23{\\H0.6x;\\S4^;}", 4, 3, 1.234, 0},
+        {L"\\A1;1.23{\\H0.6x;\\S0^;}", 4, 3, 1.23, 0},
+        {L"\\A1;1.23", 4, 3, 1.23, 1},
+        {L"\\A1;1.23{\\H0.6x;\\S04^;}", 4, 4, 1.2304, 1},
+        {L"\\A1;1.2", 4, 1, 1.2, 0},
+        {L"\\A1;12.3{\\H0.6x;\\S45^;}", 3, 3, 1.2345, 0},  // dm: one decimal stands for the millimetres
+        {L"\\A1;123{\\H0.6x;\\S4^;}", 2, 1, 1.234, 0},     // cm: none
+        {L"\\A1;1234.5", 1, 1, 1.2345, 0},                 // mm: nothing is raised
+        {L"\\A1;1234500.0", 0, 1, 1.2345, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, Twelve(MakeUnit(Unit::UNIT_ID_LENGTH, row.range, row.precision), row.value,
@@ -506,8 +488,11 @@ TEST(DecimalText, TheTwelveArgumentFormIsOtherwiseTheTenArgumentForm)
                     if (idUnit == Unit::UNIT_ID_TEMPERATURE && range > 0)
                         continue;
                     const CVeUnitBase unit = MakeUnit(idUnit, range, 3);
-                    const Settings settings{.withUnit = flag, .applyMetricsFactor = 1, .removeTrailingZeros = flag,
-                                            .smallValuesAsExponent = flag, .smallValueThreshold = 2};
+                    const Settings settings{.withUnit = flag,
+                                            .applyMetricsFactor = 1,
+                                            .removeTrailingZeros = flag,
+                                            .smallValuesAsExponent = flag,
+                                            .smallValueThreshold = 2};
                     EXPECT_EQ(Ten(unit, value, settings), Twelve(unit, value, settings))
                         << idUnit << ':' << range << ' ' << value << ' ' << flag;
                 }
@@ -521,7 +506,8 @@ TEST(DecimalText, WritesTheDigitsOfARoundedLengthAsPrintingItDoes)
     for (int i = 0; i < 20000; ++i)
     {
         CVeUnitBase unit = Metre(static_cast<unsigned int>(random() % 24));
-        const double value = std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())), -static_cast<int>(random() % 80));
+        const double value =
+            std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())), -static_cast<int>(random() % 80));
         EXPECT_EQ(Ten(unit, value, printed), Ten(unit, value)) << unit.GetPrecision() << ' ' << value;
     }
     for (int i = -2000; i <= 2000; ++i)

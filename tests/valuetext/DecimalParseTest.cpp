@@ -16,7 +16,10 @@ constexpr double c_infinity = std::numeric_limits<double>::infinity();
 constexpr double c_inchesPerMetre = 39.37007874015748;
 constexpr double c_feetPerMetre = 3.2808398950131235;
 
-CVeUnitBase Newton() { return MakeUnit(Unit::UNIT_ID_FORCE, 0, 3); }
+CVeUnitBase Newton()
+{
+    return MakeUnit(Unit::UNIT_ID_FORCE, 0, 3);
+}
 
 /// A length unit with a metrics factor.
 CVeUnitBase Length(unsigned int range, double metricsFactor)
@@ -60,7 +63,7 @@ std::wstring WithoutPrecisionStepByStep(std::wstring text)
     return text;
 }
 
-} // namespace
+}  // namespace
 
 TEST(ValueParse, AnEmptyTextGivesZeroAndLeavesTheFlag)
 {
@@ -81,34 +84,35 @@ TEST(ValueParse, ReadsTheNumberInFrontAndIgnoresWhatFollows)
         double expected;
         const wchar_t* text;
     } rows[] = {
-        {12.5,        L"12.5"},
-        {12.5,        L"12.5 kN"},
-        {-12.5,       L"  \t-12.5;"},
-        {7.0,         L"\n\v\f\r 7"},
-        {0.0,         L"- 7"},
-        {0.0,         L"--7"},
-        {12.5,        L"+12.5x"},
-        {1000.0,      L"1e3"},
-        {1.0,         L"1e"},
-        {0.5,         L".5"},
-        {5.0,         L"5."},
-        {1.0,         L"1,5"},      // Kept: only the full stop separates decimals
-        {0.0,         L"abc"},
-        {0.0,         L"-"},
-        {0.0,         L" "},
-        {0.0,         L"inf"},
-        {0.0,         L"nan"},
-        {0.0,         L"INF"},
-        {0.0,         L"0x10"},
-        {c_infinity,  L"1e400"},
-        {0.0,         L"1e-400"},
+        {12.5, L"12.5"},
+        {12.5, L"12.5 kN"},
+        {-12.5, L"  \t-12.5;"},
+        {7.0, L"\n\v\f\r 7"},
+        {0.0, L"- 7"},
+        {0.0, L"--7"},
+        {12.5, L"+12.5x"},
+        {1000.0, L"1e3"},
+        {1.0, L"1e"},
+        {0.5, L".5"},
+        {5.0, L"5."},
+        {1.0, L"1,5"},  // Kept: only the full stop separates decimals
+        {0.0, L"abc"},
+        {0.0, L"-"},
+        {0.0, L" "},
+        {0.0, L"inf"},
+        {0.0, L"nan"},
+        {0.0, L"INF"},
+        {0.0, L"0x10"},
+        {c_infinity, L"1e400"},
+        {0.0, L"1e-400"},
         {4.9406564584124654e-324, L"4.9406564584124654e-324"},
-        {0.1,         L"0.1000000000000000055511151231257827021181583404541015625"},
+        {0.1, L"0.1000000000000000055511151231257827021181583404541015625"},
     };
     for (const auto& row : rows)
     {
         int ok = 42;
-        EXPECT_EQ(row.expected, Newton().String2Double(row.text, &ok, 0)) << testing::PrintToString(std::wstring(row.text));
+        EXPECT_EQ(row.expected, Newton().String2Double(row.text, &ok, 0))
+            << testing::PrintToString(std::wstring(row.text));
         EXPECT_EQ(1, ok) << testing::PrintToString(std::wstring(row.text));
         EXPECT_EQ(row.expected, Newton().String2Double(row.text, nullptr, 0));
     }
@@ -154,14 +158,8 @@ TEST(ValueParse, ReadsImperialLengthsAsFeetInchesAndFractions)
         unsigned int range;
         const wchar_t* text;
     } rows[] = {
-        {40.5,  10, L"3'-4 1/2\""},
-        {4.5,   10, L"4 1/2"},
-        {36.0,  10, L"3'"},
-        {7.0,   10, L"7"},
-        {-40.5, 10, L"-3'-4 1/2\""},
-        {18.0,  5,  L"18\""},
-        {18.5,  5,  L"18.5"},
-        {18.0,  5,  L"1.5'"},
+        {40.5, 10, L"3'-4 1/2\""},   {4.5, 10, L"4 1/2"}, {36.0, 10, L"3'"},  {7.0, 10, L"7"},
+        {-40.5, 10, L"-3'-4 1/2\""}, {18.0, 5, L"18\""},  {18.5, 5, L"18.5"}, {18.0, 5, L"1.5'"},
     };
     for (const auto& row : rows)
         for (const int flag : {0, 1})
@@ -183,20 +181,20 @@ TEST(ValueParse, ConvertsInchesAsTheMetricsFactorAndTheCoefficientSay)
         double metricsFactor;
         int flag;
     } rows[] = {
-        {42.0,                                10, c_inchesPerMetre,         1},
-        {42.0 / c_inchesPerMetre,             10, c_inchesPerMetre,         0},
-        {42.0,                                9,  c_inchesPerMetre + 1e-11, 1},  // equal as far as units go
-        {3.5,                                 10, c_feetPerMetre,           1},
-        {42.0 / c_inchesPerMetre,             10, c_feetPerMetre,           0},
-        {3.5,                                 6,  c_feetPerMetre - 1e-11,   1},
-        {2.0 * (42.0 / 12.0 / c_feetPerMetre), 9, 2.0,                      1},
-        {2.0 * (42.0 / c_feetPerMetre),       9,  2.0,                      0},  // Kept: the inches count as feet
-        {2.0 * (42.0 / c_feetPerMetre),       6,  2.0,                      0},
-        {2.0 * (42.0 / c_feetPerMetre),       8,  2.0,                      0},
-        {2.0 * (42.0 / c_inchesPerMetre),     10, 2.0,                      1},
-        {2.0 * (42.0 / c_inchesPerMetre),     10, 2.0,                      0},  // Kept: whatever the flag
-        {2.0 * (42.0 / c_inchesPerMetre),     5,  2.0,                      0},
-        {2.0 * (42.0 / c_inchesPerMetre),     7,  2.0,                      0},
+        {42.0, 10, c_inchesPerMetre, 1},
+        {42.0 / c_inchesPerMetre, 10, c_inchesPerMetre, 0},
+        {42.0, 9, c_inchesPerMetre + 1e-11, 1},  // equal as far as units go
+        {3.5, 10, c_feetPerMetre, 1},
+        {42.0 / c_inchesPerMetre, 10, c_feetPerMetre, 0},
+        {3.5, 6, c_feetPerMetre - 1e-11, 1},
+        {2.0 * (42.0 / 12.0 / c_feetPerMetre), 9, 2.0, 1},
+        {2.0 * (42.0 / c_feetPerMetre), 9, 2.0, 0},  // Kept: the inches count as feet
+        {2.0 * (42.0 / c_feetPerMetre), 6, 2.0, 0},
+        {2.0 * (42.0 / c_feetPerMetre), 8, 2.0, 0},
+        {2.0 * (42.0 / c_inchesPerMetre), 10, 2.0, 1},
+        {2.0 * (42.0 / c_inchesPerMetre), 10, 2.0, 0},  // Kept: whatever the flag
+        {2.0 * (42.0 / c_inchesPerMetre), 5, 2.0, 0},
+        {2.0 * (42.0 / c_inchesPerMetre), 7, 2.0, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, Length(row.range, row.metricsFactor).String2Double(L"3'-6\"", nullptr, row.flag))
@@ -311,20 +309,20 @@ TEST(EliminatePrecision, RemovesTheDecimalPartOfEveryNumber)
         const wchar_t* expected;
         const wchar_t* text;
     } rows[] = {
-        {L"",             L""},
-        {L"12 m",         L"12 m"},
-        {L"12 m",         L"12.50 m"},
-        {L"1 x 2",        L"1.5 x 2.5"},
-        {L"3 kN",         L"3,25 kN"},
-        {L"1 x 2",        L"1.5 x 2,75"},
-        {L"1 m",          L"1.5e-3 m"},
-        {L"1 m",          L"1,234.5 m"},     // the comma belongs to what follows the first full stop's number
-        {L"",             L"."},
-        {L"",             L".,.,"},
-        {L"a b",          L"a.1 b"},
-        {L"no numb",      L"no numb.e"},     // Kept: an E counts as a digit
-        {L"1 m",          L"1.5-2.5 m"},     // so do signs
-        {L"1 1 m",        L"1.5 1.5 m"},
+        {L"", L""},
+        {L"12 m", L"12 m"},
+        {L"12 m", L"12.50 m"},
+        {L"1 x 2", L"1.5 x 2.5"},
+        {L"3 kN", L"3,25 kN"},
+        {L"1 x 2", L"1.5 x 2,75"},
+        {L"1 m", L"1.5e-3 m"},
+        {L"1 m", L"1,234.5 m"},  // the comma belongs to what follows the first full stop's number
+        {L"", L"."},
+        {L"", L".,.,"},
+        {L"a b", L"a.1 b"},
+        {L"no numb", L"no numb.e"},  // Kept: an E counts as a digit
+        {L"1 m", L"1.5-2.5 m"},      // so do signs
+        {L"1 1 m", L"1.5 1.5 m"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, WithoutPrecision(row.text)) << testing::PrintToString(std::wstring(row.text));
@@ -379,14 +377,10 @@ TEST(ReplaceNumberSeparator, ReplacesASeparatorByTheCurrentOne)
         wchar_t separator;
         const wchar_t* text;
     } rows[] = {
-        {true,  L"1.5",   L'.', L',', L"1,5"},
-        {true,  L"1.5.2", L'.', L',', L"1,5,2"},
-        {false, L"1,5",   L',', L',', L"1,5"},
-        {false, L"1.5",   L'.', L',', L"1.5"},
-        {true,  L"1,5",   L',', L'.', L"1.5"},
-        {false, L"",      L'.', L',', L""},
-        {false, L"1.5",   L'.', L'\0', L"1.5"},
-        {true,  L"1;5",   L';', L'.', L"1.5"},
+        {true, L"1.5", L'.', L',', L"1,5"},   {true, L"1.5.2", L'.', L',', L"1,5,2"},
+        {false, L"1,5", L',', L',', L"1,5"},  {false, L"1.5", L'.', L',', L"1.5"},
+        {true, L"1,5", L',', L'.', L"1.5"},   {false, L"", L'.', L',', L""},
+        {false, L"1.5", L'.', L'\0', L"1.5"}, {true, L"1;5", L';', L'.', L"1.5"},
     };
     for (const auto& row : rows)
     {

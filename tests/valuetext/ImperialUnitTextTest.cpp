@@ -12,7 +12,10 @@ namespace
 
 constexpr double c_metresPerInch = 0.0254;
 
-CVeUnitBase Length(unsigned int range, unsigned int precision) { return MakeUnit(Unit::UNIT_ID_LENGTH, range, precision); }
+CVeUnitBase Length(unsigned int range, unsigned int precision)
+{
+    return MakeUnit(Unit::UNIT_ID_LENGTH, range, precision);
+}
 
 /// A foot that is written in a format of its own.
 CVeUnitBase Foot(Unit::enumUNITFORMAT format, const wchar_t* name = L"'")
@@ -23,7 +26,7 @@ CVeUnitBase Foot(Unit::enumUNITFORMAT format, const wchar_t* name = L"'")
     return unit;
 }
 
-} // namespace
+}  // namespace
 
 TEST(ImperialUnitText, WritesMetresAsFeetInchesAndFractions)
 {
@@ -34,17 +37,10 @@ TEST(ImperialUnitText, WritesMetresAsFeetInchesAndFractions)
         unsigned int precision;
         double inches;
     } rows[] = {
-        {L"0\"",          9,  4, 0.0},
-        {L"0\"",          10, 4, 0.0},
-        {L"5'-11 3/8\"",  9,  4, 71.375},
-        {L"71 3/8\"",     10, 4, 71.375},
-        {L"-3/8\"",       10, 4, -0.375},
-        {L"3/8\"",        9,  4, 6.0 / 16},
-        {L"1'",           9,  4, 11.999},
-        {L"12\"",         10, 4, 11.999},
-        {L"5'-11.38\"",   8,  2, 71.376},
-        {L"3'",           8,  2, 36.0},
-        {L"1.5\"",        8,  2, 1.5},
+        {L"0\"", 9, 4, 0.0},          {L"0\"", 10, 4, 0.0},       {L"5'-11 3/8\"", 9, 4, 71.375},
+        {L"71 3/8\"", 10, 4, 71.375}, {L"-3/8\"", 10, 4, -0.375}, {L"3/8\"", 9, 4, 6.0 / 16},
+        {L"1'", 9, 4, 11.999},        {L"12\"", 10, 4, 11.999},   {L"5'-11.38\"", 8, 2, 71.376},
+        {L"3'", 8, 2, 36.0},          {L"1.5\"", 8, 2, 1.5},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, Ten(Length(row.range, row.precision), row.inches * c_metresPerInch))
@@ -72,9 +68,9 @@ TEST(ImperialUnitText, IgnoresTheUnitArgumentAndTheFormat)
 {
     const CVeUnitBase unit = Length(9, 4);
     for (const int withUnit : {0, 1})
-        EXPECT_EQ(L"5'-11 3/8\"", Ten(unit, 71.375 * c_metresPerInch,
-                                      {.withUnit = withUnit, .format = L"%s", .removeTrailingZeros = 1,
-                                       .smallValuesAsExponent = 1}));
+        EXPECT_EQ(L"5'-11 3/8\"",
+                  Ten(unit, 71.375 * c_metresPerInch,
+                      {.withUnit = withUnit, .format = L"%s", .removeTrailingZeros = 1, .smallValuesAsExponent = 1}));
 }
 
 TEST(ImperialUnitText, WritesWhatIsNoLengthAsNumbersGo)
@@ -87,18 +83,18 @@ TEST(ImperialUnitText, WritesWhatIsNoLengthAsNumbersGo)
         unsigned int range;
         double metres;
     } rows[] = {
-        {L"2147483647'",   8,  c_infinity},
-        {L"-2147483647'",  8,  -c_infinity},
-        {L"1.#QNAN\"",     8,  c_notANumber},
-        {L"1.#QNAN\"",     8,  -c_notANumber},
-        {L"2147483647'",   9,  c_infinity},
-        {L"0\"",           9,  c_notANumber},
+        {L"2147483647'", 8, c_infinity},
+        {L"-2147483647'", 8, -c_infinity},
+        {L"1.#QNAN\"", 8, c_notANumber},
+        {L"1.#QNAN\"", 8, -c_notANumber},
+        {L"2147483647'", 9, c_infinity},
+        {L"0\"", 9, c_notANumber},
         {L"-2147483647\"", 10, -1e308},
-        {L"0\"",           10, -c_notANumber},
-        {L"0\"",           9,  -1e-11},    // this near to zero there is no sign
-        {L"0\"",           9,  -0.0},
-        {L"-0\"",          9,  -1e-9},
-        {L"0\"",           9,  5e-324},
+        {L"0\"", 10, -c_notANumber},
+        {L"0\"", 9, -1e-11},  // this near to zero there is no sign
+        {L"0\"", 9, -0.0},
+        {L"-0\"", 9, -1e-9},
+        {L"0\"", 9, 5e-324},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, Ten(Length(row.range, 6), row.metres)) << "range " << row.range << ' ' << row.metres;
@@ -119,7 +115,8 @@ TEST(ImperialUnitText, KeptTheTextIsCopiedWholeWhateverTheBufferSize)
     for (const unsigned int bufferSize : {0u, 1u, 2u, 5u, 100u})
     {
         std::vector<wchar_t> buffer = GuardedBuffer();
-        EXPECT_EQ(L"5'-11 3/8\"", Ten(Length(9, 4), buffer.data(), 71.375 * c_metresPerInch, {.bufferSize = bufferSize}));
+        EXPECT_EQ(L"5'-11 3/8\"",
+                  Ten(Length(9, 4), buffer.data(), 71.375 * c_metresPerInch, {.bufferSize = bufferSize}));
         EXPECT_STREQ(L"5'-11 3/8\"", buffer.data()) << bufferSize;
         EXPECT_EQ(c_guard, buffer[11]) << bufferSize;
     }
@@ -140,12 +137,9 @@ TEST(ImperialUnitText, KeptAFormatOfOtherUnitsLeavesTheCallersText)
         unsigned int bufferSize;
     };
     const Row rows[] = {
-        {L"12 MM 3'",  L"12 MM 3'",  1, 20},
-        {L"12  3",     L"12  3",     0, 20},  // without the length symbols and their upper-case forms
-        {L"12 MM 3'",  L"12 MM 3'",  1, 8},   // the terminator stands one past the size
-        {L"12 MM 3'",  L"12 ",       1, 3},
-        {L"12  3",     L"12",        0, 2},
-        {L"12 MM 3'",  L"",          1, 0},
+        {L"12 MM 3'", L"12 MM 3'", 1, 20}, {L"12  3", L"12  3", 0, 20},  // without the length symbols and their upper-case forms
+        {L"12 MM 3'", L"12 MM 3'", 1, 8},                                // the terminator stands one past the size
+        {L"12 MM 3'", L"12 ", 1, 3},       {L"12  3", L"12", 0, 2},     {L"12 MM 3'", L"", 1, 0},
     };
     for (const Row& row : rows)
     {

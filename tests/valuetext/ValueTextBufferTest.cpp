@@ -11,7 +11,10 @@ using namespace valuetext;
 namespace
 {
 
-CVeUnitBase Newton(unsigned int precision) { return MakeUnit(Unit::UNIT_ID_FORCE, 0, precision); }
+CVeUnitBase Newton(unsigned int precision)
+{
+    return MakeUnit(Unit::UNIT_ID_FORCE, 0, precision);
+}
 
 /// What a call leaves in a buffer that was full of guards: a terminator shows as '0'.
 std::wstring Contents(const std::vector<wchar_t>& buffer, std::size_t length)
@@ -21,7 +24,7 @@ std::wstring Contents(const std::vector<wchar_t>& buffer, std::size_t length)
     return contents;
 }
 
-} // namespace
+}  // namespace
 
 TEST(ValueTextBuffer, KeptTheTextIsCutTwoCharactersBelowTheSizeAndTheNumberWrittenWholeWhateverTheSize)
 {
@@ -31,13 +34,13 @@ TEST(ValueTextBuffer, KeptTheTextIsCutTwoCharactersBelowTheSizeAndTheNumberWritt
         const wchar_t* contents;  // all of the buffer; _ is a terminator, # was not written
         unsigned int bufferSize;
     } rows[] = {
-        {L"1234.50",   L"1234.50_####", 0},   // Kept: too small for any copy that regards the size
-        {L"1234.50",   L"1234.50_####", 1},
-        {L"",          L"_234.50_####", 2},
-        {L"1",         L"1_34.50_####", 3},
-        {L"1234.5",    L"1234.5__####", 8},
-        {L"1234.50",   L"1234.50_####", 9},
-        {L"1234.50 ",  L"1234.50 _###", 10},
+        {L"1234.50", L"1234.50_####", 0},  // Kept: too small for any copy that regards the size
+        {L"1234.50", L"1234.50_####", 1},
+        {L"", L"_234.50_####", 2},
+        {L"1", L"1_34.50_####", 3},
+        {L"1234.5", L"1234.5__####", 8},
+        {L"1234.50", L"1234.50_####", 9},
+        {L"1234.50 ", L"1234.50 _###", 10},
         {L"1234.50 N", L"1234.50 N_##", 11},  // two more than the text
         {L"1234.50 N", L"1234.50 N_##", 12},
         {L"1234.50 N", L"1234.50 N_##", 0x7FFFFFFFu},
@@ -62,16 +65,14 @@ TEST(ValueTextBuffer, CutsANumberWithoutUnitInTheSameWay)
         const wchar_t* contents;
         unsigned int bufferSize;
     } rows[] = {
-        {L"1234.50", L"1234.50_####", 0},
-        {L"1234.50", L"1234.50_####", 1},
-        {L"",        L"_234.50_####", 2},
-        {L"1234.5",  L"1234.5__####", 8},
-        {L"1234.50", L"1234.50_####", 9},
+        {L"1234.50", L"1234.50_####", 0}, {L"1234.50", L"1234.50_####", 1}, {L"", L"_234.50_####", 2},
+        {L"1234.5", L"1234.5__####", 8},  {L"1234.50", L"1234.50_####", 9},
     };
     for (const auto& row : rows)
     {
         std::vector<wchar_t> buffer(12, c_guard);
-        EXPECT_EQ(row.expected, Ten(Newton(2), buffer.data(), 1234.5, {.bufferSize = row.bufferSize})) << row.bufferSize;
+        EXPECT_EQ(row.expected, Ten(Newton(2), buffer.data(), 1234.5, {.bufferSize = row.bufferSize}))
+            << row.bufferSize;
         EXPECT_EQ(row.contents, Contents(buffer, 12)) << row.bufferSize;
     }
 }
@@ -129,11 +130,17 @@ TEST(ValueTextBuffer, TheBoundedFormGivesTheTextsOfTheClassicForms)
                 for (const int flag : {0, 1})
                 {
                     const CVeUnitBase unit(idUnit, range, 3, L'.', 2.0, 1);
-                    const Settings settings{.withUnit = flag, .applyMetricsFactor = flag, .removeTrailingZeros = flag,
-                                            .smallValuesAsExponent = flag, .smallValueThreshold = 2,
-                                            .superscriptSubUnits = flag, .dropZeroSuperscript = flag};
-                    ValueTextOptions options{.withUnit = flag != 0, .applyMetricsFactor = flag != 0,
-                                             .removeTrailingZeros = flag != 0, .smallValuesAsExponent = flag != 0,
+                    const Settings settings{.withUnit = flag,
+                                            .applyMetricsFactor = flag,
+                                            .removeTrailingZeros = flag,
+                                            .smallValuesAsExponent = flag,
+                                            .smallValueThreshold = 2,
+                                            .superscriptSubUnits = flag,
+                                            .dropZeroSuperscript = flag};
+                    ValueTextOptions options{.withUnit = flag != 0,
+                                             .applyMetricsFactor = flag != 0,
+                                             .removeTrailingZeros = flag != 0,
+                                             .smallValuesAsExponent = flag != 0,
                                              .smallValueThreshold = 2};
                     EXPECT_EQ(Ten(unit, value, settings), Bounded(unit, value, options))
                         << idUnit << ':' << range << ' ' << value << ' ' << flag;

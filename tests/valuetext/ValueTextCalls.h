@@ -86,4 +86,4 @@ inline std::wstring Bounded(const CVeUnitBase& unit, double value, const ValueTe
     return buffer.data();
 }
 
-} // namespace valuetext
+}  // namespace valuetext

@@ -240,7 +240,8 @@ double MagnitudeOfLong(DecimalNumber number)
         DropLeadingZeros(number);
     const bool divides = number.count <= c_mantissaDigits && number.mantissa != 0 && number.exponent <= 0 &&
                          -number.exponent < static_cast<std::int64_t>(c_powersOfFive.size());
-    return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent)) : RoundCorrectly(number);
+    return divides ? DivideExactly(number.mantissa, static_cast<std::size_t>(-number.exponent))
+                   : RoundCorrectly(number);
 }
 
 inline double MagnitudeOf(const DecimalNumber& number)

@@ -28,7 +28,8 @@ std::size_t WriteFeetInches(wchar_t* out, const CVeUnitBase& unit, double metres
     const Unit::enumUNITFORMAT format = unit.GetUnitFormat();
     const unsigned int range = unit.GetRange();
     if (format == Unit::UNITFORMAT_FEET_INCHES || range == c_feetAndFractions)
-        return WriteImperialText(out, metres * c_feetPerMetre, LengthIn::Feet, unit.GetPrecision(), unit.GetSep(), format);
+        return WriteImperialText(out, metres * c_feetPerMetre, LengthIn::Feet, unit.GetPrecision(), unit.GetSep(),
+                                 format);
     if (range == c_inchesAndFractions)
         return WriteImperialText(out, metres * c_inchesPerMetre, LengthIn::Inches, unit.GetPrecision(), unit.GetSep(),
                                  format);
@@ -136,7 +137,8 @@ std::size_t CVeUnitBase::Double2String(std::span<wchar_t> buffer, double value, 
     if (IsShownAsFeetAndInches(*this))
         text.Assign(ImperialLengthText(*this, value, options, decimal.HasLengthName(), CallerBuffer::None()).View());
     else
-        decimal.Write(text, value, nullptr, CallerBuffer::None(), buffer.first(std::max<std::size_t>(buffer.size(), 1) - 1));
+        decimal.Write(text, value, nullptr, CallerBuffer::None(),
+                      buffer.first(std::max<std::size_t>(buffer.size(), 1) - 1));
 
     const std::wstring_view whole = text.View();
     if (buffer.empty())

@@ -17,7 +17,7 @@ int Descriptor(Stream stream)
     return stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<std::string> Arguments(int argc, char** argv)
 {
@@ -63,7 +63,9 @@ std::optional<InputFile> InputFile::Open(const std::string& path, std::string& p
     return std::nullopt;
 }
 
-InputFile::InputFile(InputFile&& other) noexcept : m_handle(other.m_handle), m_owned(other.m_owned)
+InputFile::InputFile(InputFile&& other) noexcept
+    : m_handle(other.m_handle)
+    , m_owned(other.m_owned)
 {
     other.m_owned = false;
 }
@@ -101,4 +103,4 @@ bool InputFile::IsTerminal() const
     return ::isatty(static_cast<int>(m_handle)) == 1;
 }
 
-} // namespace System
+}  // namespace System

@@ -89,13 +89,13 @@ std::optional<std::size_t> ReadConsole(HANDLE console, char* buffer, std::size_t
     return text.size();
 }
 
-} // namespace
+}  // namespace
 
 std::vector<std::string> Arguments(int, char**)
 {
     int count = 0;
-    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> arguments(
-        ::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
+    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> arguments(::CommandLineToArgvW(::GetCommandLineW(), &count),
+                                                                    &::LocalFree);
     std::vector<std::string> texts;
     for (int index = 1; index < count; ++index)
         texts.push_back(ToUtf8(arguments.get()[index]));
@@ -104,7 +104,7 @@ std::vector<std::string> Arguments(int, char**)
 
 std::wstring LongPath(const std::wstring& path)
 {
-    constexpr std::size_t c_longestPlainPath = 247; // so that 12 characters remain for a name beside it
+    constexpr std::size_t c_longestPlainPath = 247;  // so that 12 characters remain for a name beside it
     if (path.size() <= c_longestPlainPath || path.starts_with(L"\\\\"))
         return path;
     const DWORD capacity = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
@@ -152,7 +152,9 @@ std::optional<InputFile> InputFile::Open(const std::string& path, std::string& p
     return std::nullopt;
 }
 
-InputFile::InputFile(InputFile&& other) noexcept : m_handle(other.m_handle), m_owned(other.m_owned)
+InputFile::InputFile(InputFile&& other) noexcept
+    : m_handle(other.m_handle)
+    , m_owned(other.m_owned)
 {
     other.m_owned = false;
 }
@@ -190,4 +192,4 @@ bool InputFile::IsTerminal() const
     return IsConsole(FileHandle(m_handle));
 }
 
-} // namespace System
+}  // namespace System

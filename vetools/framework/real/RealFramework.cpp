@@ -2,4 +2,7 @@
 
 #include "vetools/platform/LibraryModule.h"
 
-HINSTANCE GetVeToolsModule() noexcept { return LibraryModule(); }
+HINSTANCE GetVeToolsModule() noexcept
+{
+    return LibraryModule();
+}
