@@ -143,14 +143,14 @@ CVeUnitManager::statusCode CVeUnitManager::UnitFromString(CString text, CVeUnit&
 {
     if (text.IsEmpty())
         return STATUS_EMPTY;
-    if (text.Find(L'/') < 0)
+    // No spelling that can match holds a "/", so a text that is one is no quotient.
+    if (const UnitSpellingRow* row = FindSpelling(text.View()))
     {
-        const UnitSpellingRow* row = FindSpelling(text.View());
-        if (!row)
-            return STATUS_UNKNOWN;
         SetUnit(out, *row);
         return STATUS_OK;
     }
+    if (text.Find(L'/') < 0)
+        return STATUS_UNKNOWN;
     const std::optional<CVeUnitBase> quotient = MakeQuotient(text.View());
     if (!quotient)
         return STATUS_UNKNOWN;

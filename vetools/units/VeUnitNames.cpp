@@ -94,15 +94,32 @@ bool IsPower(wchar_t character)
     return character == L'²' || character == L'2' || character == L'3';
 }
 
-/// The text of a unit's buffer as it is shown. One scan finds the length and that, mostly, there is nothing to replace.
-CString ShownText(std::span<const wchar_t> buffer, Shown shown)
+/// A text as it is stored, and whether it is shown otherwise: one scan finds that, mostly, it is not.
+struct StoredText
+{
+    std::wstring_view text;
+    bool isShownOtherwise = false;
+};
+
+StoredText ScanText(std::span<const wchar_t> buffer, Shown shown)
 {
     std::size_t length = 0;
-    bool hasMarks = false;
+    bool isShownOtherwise = false;
     for (; buffer[length] != L'\0'; ++length)
-        hasMarks |= IsMark(buffer[length]) && (shown == Shown::Title || IsPower(buffer[length + 1]));
-    CString text(buffer.data(), static_cast<int>(length));
-    if (!hasMarks)
+    {
+        const wchar_t next = buffer[length + 1];
+        isShownOtherwise |= IsMark(buffer[length]) && (shown == Shown::Title || IsPower(next));
+        isShownOtherwise |= shown == Shown::Title && buffer[length] == L'²' && next == L'²';
+    }
+    return {{buffer.data(), length}, isShownOtherwise};
+}
+
+/// The text of a unit's buffer as it is shown.
+CString ShownText(std::span<const wchar_t> buffer, Shown shown)
+{
+    const StoredText stored = ScanText(buffer, shown);
+    CString text(stored.text);
+    if (!stored.isShownOtherwise)
         return text;
 
     const Words words = FindWords();
@@ -184,6 +201,8 @@ CString CVeUnitBase::GetName() const
 
 wchar_t* CVeUnitBase::GetTitle()
 {
+    if (!ScanText(Title, Shown::Title).isShownOtherwise)
+        return Title;
     CString title = ShownText(Title, Shown::Title);
     const int doubled = title.Find(L"²²");
     if (doubled >= 0)
