@@ -70,6 +70,7 @@ public:
     void Abort();
 
     /// Writes the value's bytes, the lowest first: bool as one byte, wchar_t as 16 bits whatever its size here.
+    /// A long has 4 bytes on Windows and 8 elsewhere: store types of fixed size.
     template <typename Value>
     requires std::is_arithmetic_v<Value> CArchive& operator<<(Value value)
     {

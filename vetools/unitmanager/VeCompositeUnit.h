@@ -13,6 +13,7 @@ public:
     /// What Update is given when the composite is registered: everything may have changed.
     static constexpr unsigned int c_allUnits = 0xFFFFFFFF;
 
+    /// A manager deletes its composites after its own units: a destructor does not use the manager.
     virtual ~CVeCompositeUnit();
 
     /// Brings m_pUnit up to date after the current unit of `idUnit` (1 to 26, or c_allUnits) changed. `manager` is the
