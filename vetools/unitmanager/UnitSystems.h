@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vetools/units/ImperialFactors.h"
+
 /// The length systems that a user chooses from (internal): the metrics factor, in display length units per metre, stands
 /// for the system wherever a manager keeps it.
 struct UnitSystemRow
@@ -20,10 +22,7 @@ constexpr UnitSystemRow c_unitSystems[] = {
     {3,      10.0,                L"dm",   true},
     {2,     100.0,                L"cm",   true},
     {1,    1000.0,                L"mm",   true},
-    {6,       3.2808398950131235, L"'",    false},
-    {5,      39.37007874015748,   L"\"",   false},
+    {6,    c_feetPerMetre,        L"'",    false},
+    {5,    c_inchesPerMetre,      L"\"",   false},
 };
 // clang-format on
-
-/// Two factors are the same when their difference squared is at most this.
-constexpr double c_squaredTolerance = 1e-20;

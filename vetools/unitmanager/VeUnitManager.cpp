@@ -27,12 +27,7 @@ const UnitSystemRow* FindSystem(Matches matches)
 
 const UnitSystemRow* SystemOfFactor(double f)
 {
-    return FindSystem(
-        [f](const UnitSystemRow& row)
-        {
-            const double difference = f - row.metricsFactor;
-            return difference * difference <= c_squaredTolerance;
-        });
+    return FindSystem([f](const UnitSystemRow& row) { return IsSameFactor(f, row.metricsFactor); });
 }
 
 const UnitSystemRow* SystemOfCode(int code)

@@ -14,21 +14,15 @@ namespace
 constexpr unsigned int c_firstImperialRange = 5;
 constexpr unsigned int c_lastImperialRange = 10;
 
-/// Equal as far as unit factors go.
-bool IsAbout(double a, double b)
-{
-    return (a - b) * (a - b) <= 1e-20;
-}
-
 /// The SI value of inches typed for an imperial length. The metrics factor may itself say that the host's model is in
 /// inches or in feet: the result then is in those.
 double InchesToModel(double inches, double coef, double metricsFactor, bool applyMetricsFactor)
 {
-    if (IsAbout(metricsFactor, c_inchesPerMetre))
+    if (IsSameFactor(metricsFactor, c_inchesPerMetre))
         return applyMetricsFactor ? inches : inches / c_inchesPerMetre;
-    if (IsAbout(metricsFactor, c_feetPerMetre))
+    if (IsSameFactor(metricsFactor, c_feetPerMetre))
         return applyMetricsFactor ? inches / c_inchesPerFoot : inches / c_inchesPerMetre;
-    if (IsAbout(coef, c_feetPerMetre))
+    if (IsSameFactor(coef, c_feetPerMetre))
     {
         // Kept: without the factor the inches count as feet.
         return applyMetricsFactor ? metricsFactor * (inches / c_inchesPerFoot / c_feetPerMetre)
