@@ -18,5 +18,5 @@
 #elif defined(__cplusplus)
 #include "vetools/platform/posix/WinBase.h"
 #else
-#include "vetools/platform/posix/WinOle.h"
+#include "vetools/platform/posix/WinVariant.h"
 #endif

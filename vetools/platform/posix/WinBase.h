@@ -4,6 +4,7 @@
 #include "vetools/platform/posix/WinFiles.h"
 #include "vetools/platform/posix/WinOle.h"
 #include "vetools/platform/posix/WinTypes.h"
+#include "vetools/platform/posix/WinVariant.h"
 
 // What the library calls of the system's base services, under the system's names and with its documented results. Texts
 // are counted in elements of wchar_t, which hold whole characters here.
@@ -41,7 +42,6 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, 
 DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 DWORD CharLowerBuffW(LPWSTR text, DWORD length);
 
-using LCID = DWORD;
 constexpr LCID LOCALE_USER_DEFAULT = 0x0400;
 constexpr DWORD NORM_IGNORECASE = 1;
 constexpr int CSTR_LESS_THAN = 1;

@@ -9,8 +9,6 @@ using HANDLE = void*;
 using LPVOID = void*;
 using LPCVOID = const void*;
 using LPDWORD = DWORD*;
-using LONGLONG = std::int64_t;
-using ULONGLONG = std::uint64_t;
 
 union LARGE_INTEGER
 {

@@ -27,10 +27,13 @@ typedef OLECHAR* BSTR;
 
 #define S_OK ((HRESULT)0)
 #define S_FALSE ((HRESULT)1)
+#define E_NOTIMPL ((HRESULT)0x80004001)
 #define E_NOINTERFACE ((HRESULT)0x80004002)
 #define E_POINTER ((HRESULT)0x80004003)
 #define E_FAIL ((HRESULT)0x80004005)
+#define E_UNEXPECTED ((HRESULT)0x8000FFFF)
 #define E_OUTOFMEMORY ((HRESULT)0x8007000E)
+#define E_INVALIDARG ((HRESULT)0x80070057)
 
 /// An id as a constant of each source that includes its header: nobody has to define it once more, and ids are compared by
 /// value.
@@ -102,6 +105,12 @@ extern "C" {
 VETOOLS_API BSTR SysAllocString(const OLECHAR* text);
 /// The first `length` characters of a text; a null text leaves them undefined.
 VETOOLS_API BSTR SysAllocStringLen(const OLECHAR* text, UINT length);
+/// A text of so many bytes, which need not make whole characters, followed by a terminator of one character.
+VETOOLS_API BSTR SysAllocStringByteLen(const char* bytes, UINT byteLength);
+/// Replaces *text by a copy of another, which may be part of it, and frees the old one. 1 for success; 0 without memory,
+/// where *text stays as it was. A null `source` of a length leaves the characters that are new undefined.
+VETOOLS_API INT SysReAllocString(BSTR* text, const OLECHAR* source);
+VETOOLS_API INT SysReAllocStringLen(BSTR* text, const OLECHAR* source, UINT length);
 /// Null is freed already.
 VETOOLS_API void SysFreeString(BSTR text);
 /// The length in characters, and in bytes; 0 for null.

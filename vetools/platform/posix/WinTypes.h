@@ -13,10 +13,18 @@ typedef int BOOL;
 typedef uint8_t BYTE;
 typedef uint16_t WORD;
 typedef uint32_t DWORD;
+typedef char CHAR;
+typedef int16_t SHORT;
+typedef uint16_t USHORT;
 typedef uint32_t ULONG;
 typedef unsigned int UINT;
 typedef int INT;
 typedef int32_t LONG;
+typedef int64_t LONGLONG;
+typedef uint64_t ULONGLONG;
+typedef float FLOAT;
+typedef double DOUBLE;
+typedef void* PVOID;
 typedef intptr_t INT_PTR;
 typedef int32_t HRESULT;
 typedef wchar_t* LPWSTR;
@@ -25,3 +33,17 @@ typedef char* LPSTR;
 typedef const char* LPCSTR;
 typedef const struct VeModuleRecord* HINSTANCE;
 typedef HINSTANCE HMODULE;
+typedef DWORD LCID;
+
+/// A date and a time of day as the calendar writes them: wMonth 1 to 12, wDayOfWeek 0 for Sunday.
+typedef struct _SYSTEMTIME
+{
+    WORD wYear;
+    WORD wMonth;
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+} SYSTEMTIME, *LPSYSTEMTIME;
