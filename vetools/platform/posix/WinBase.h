@@ -3,6 +3,7 @@
 #include "vetools/platform/posix/WinErrors.h"
 #include "vetools/platform/posix/WinFiles.h"
 #include "vetools/platform/posix/WinOle.h"
+#include "vetools/platform/posix/WinTime.h"
 #include "vetools/platform/posix/WinTypes.h"
 #include "vetools/platform/posix/WinVariant.h"
 
