@@ -28,18 +28,26 @@ struct VETOOLS_API CRuntimeClass
 /// The record of a class: RUNTIME_CLASS(CException)->m_lpszClassName is "CException".
 #define RUNTIME_CLASS(className) (className::GetThisClass())
 
-/// Stands in a class that derives from CObject and declares its record; IMPLEMENT_DYNAMIC in one source defines it.
+/// Stands in a class that derives from CObject and declares its record, and that of its base class for derived classes;
+/// IMPLEMENT_DYNAMIC in one source defines them.
 #define DECLARE_DYNAMIC(className)                                                                                     \
+protected:                                                                                                             \
+    static CRuntimeClass* _GetBaseClass();                                                                             \
+                                                                                                                       \
 public:                                                                                                                \
     static CRuntimeClass* GetThisClass();                                                                              \
     CRuntimeClass* GetRuntimeClass() const override;
 
 /// Defines the record of `className`, whose base class is `baseClassName`.
 #define IMPLEMENT_DYNAMIC(className, baseClassName)                                                                    \
+    CRuntimeClass* className::_GetBaseClass()                                                                          \
+    {                                                                                                                  \
+        return RUNTIME_CLASS(baseClassName);                                                                           \
+    }                                                                                                                  \
     CRuntimeClass* className::GetThisClass()                                                                           \
     {                                                                                                                  \
         static CRuntimeClass s_record = {#className, static_cast<int>(sizeof(className)), 0xFFFF, nullptr,             \
-                                         &baseClassName::GetThisClass};                                                \
+                                         &className::_GetBaseClass};                                                    \
         return &s_record;                                                                                              \
     }                                                                                                                  \
     CRuntimeClass* className::GetRuntimeClass() const                                                                  \
