@@ -22,6 +22,8 @@ typedef int INT;
 typedef int32_t LONG;
 typedef int64_t LONGLONG;
 typedef uint64_t ULONGLONG;
+/// A macro, as the system's headers have it: `unsigned __int64` is a type as well.
+#define __int64 long long
 typedef float FLOAT;
 typedef double DOUBLE;
 typedef void* PVOID;
@@ -47,3 +49,25 @@ typedef struct _SYSTEMTIME
     WORD wSecond;
     WORD wMilliseconds;
 } SYSTEMTIME, *LPSYSTEMTIME;
+
+/// A point, a size and a rectangle in whole units; right and bottom lie outside of a rectangle.
+typedef struct tagPOINT
+{
+    LONG x;
+    LONG y;
+} POINT;
+
+typedef struct tagSIZE
+{
+    LONG cx;
+    LONG cy;
+} SIZE;
+
+typedef struct tagRECT
+{
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+} RECT, *LPRECT;
+typedef const RECT* LPCRECT;
