@@ -1,7 +1,9 @@
 #include "vetools/platform/posix/ErrnoMapping.h"
 
-#include <algorithm>
 #include <cerrno>
+#include <sys/stat.h>
+
+#include <algorithm>
 #include <iterator>
 #include <string>
 
@@ -24,6 +26,7 @@ constexpr ErrnoRow c_errnoRows[] = {
     {EBUSY,        ERROR_BUSY},
     {EDQUOT,       ERROR_DISK_QUOTA_EXCEEDED},
     {EEXIST,       ERROR_ALREADY_EXISTS},
+    {EFAULT,       ERROR_NOACCESS},
     {EFBIG,        ERROR_FILE_TOO_LARGE},
     {EINVAL,       ERROR_INVALID_PARAMETER},
     {EIO,          ERROR_IO_DEVICE},
@@ -57,4 +60,35 @@ DWORD ErrorFromErrno(int number)
         return found->error;
     ::OutputDebugStringA(("errno " + std::to_string(number) + " has no error number of the system's\n").c_str());
     return ERROR_GEN_FAILURE;
+}
+
+DWORD ErrorOfPath(int number, const std::string& path)
+{
+    if (number != ENOENT)
+        return ErrorFromErrno(number);
+    const std::size_t name = path.find_last_not_of('/');
+    const std::size_t slash = name == std::string::npos ? name : path.find_last_of('/', name);
+    if (slash == std::string::npos)
+        return ERROR_FILE_NOT_FOUND;
+    struct stat status
+    {
+    };
+    const std::string folder = slash == 0 ? "/" : path.substr(0, slash);
+    return ::stat(folder.c_str(), &status) == 0 ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+BOOL Fail(DWORD error)
+{
+    ::SetLastError(error);
+    return 0;
+}
+
+BOOL FailWithErrno()
+{
+    return Fail(ErrorFromErrno(errno));
+}
+
+BOOL FailOfPath(const std::string& path)
+{
+    return Fail(ErrorOfPath(errno, path));
 }

@@ -8,10 +8,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "vetools/platform/posix/ErrnoMapping.h"
+#include "vetools/platform/posix/FileStatus.h"
 #include "vetools/platform/posix/NativePath.h"
 #include "vetools/platform/posix/WinBase.h"
 
@@ -40,18 +43,8 @@ HANDLE HandleOf(int descriptor)
 int DescriptorOf(HANDLE file)
 {
     const auto value = reinterpret_cast<std::intptr_t>(file);
-    return value > 0 && value % 4 == 0 ? static_cast<int>(value / 4 - 1) : -1;
-}
-
-BOOL Fail(DWORD error)
-{
-    SetLastError(error);
-    return 0;
-}
-
-BOOL FailWithErrno()
-{
-    return Fail(ErrorFromErrno(errno));
+    const bool isFile = value > 0 && value % 4 == 0 && value / 4 <= std::numeric_limits<int>::max();
+    return isFile ? static_cast<int>(value / 4 - 1) : -1;
 }
 
 /// As FailWithErrno; a handle that is open, but not for what is asked of it, is refused rather than invalid.
@@ -60,26 +53,6 @@ BOOL FailOfTransfer(int descriptor)
     const int number = errno;
     const bool isOpen = number == EBADF && ::fcntl(descriptor, F_GETFD) >= 0;
     return Fail(isOpen ? ERROR_ACCESS_DENIED : ErrorFromErrno(number));
-}
-
-/// A missing file and a missing folder are one error here and two there: the folder decides.
-DWORD ErrorOfPath(int number, const std::string& path)
-{
-    if (number != ENOENT)
-        return ErrorFromErrno(number);
-    const std::size_t slash = path.find_last_of('/');
-    if (slash == std::string::npos)
-        return ERROR_FILE_NOT_FOUND;
-    struct stat status
-    {
-    };
-    const std::string folder = slash == 0 ? "/" : path.substr(0, slash);
-    return ::stat(folder.c_str(), &status) == 0 ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
-}
-
-BOOL FailOfPath(const std::string& path)
-{
-    return Fail(ErrorOfPath(errno, path));
 }
 
 DWORD UsedAccess(DWORD access)
@@ -145,24 +118,59 @@ bool IsCompletePath(LPCWSTR path)
     return path && *path;
 }
 
-}  // namespace
+constexpr DWORD c_shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposition, DWORD flagsAndAttributes, HANDLE)
+/// A handle that is closed at its end.
+class FileHandle
+{
+public:
+    explicit FileHandle(HANDLE file)
+        : m_file(file)
+    {
+    }
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    ~FileHandle()
+    {
+        if (IsOpen())
+            CloseHandle(m_file);
+    }
+
+    operator HANDLE() const { return m_file; }
+    bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE m_file;
+};
+
+bool CopyContents(HANDLE from, HANDLE to)
+{
+    std::vector<char> buffer(std::size_t{1} << 16);
+    DWORD count = 0;
+    while (ReadFile(from, buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr))
+    {
+        if (count == 0)
+            return true;
+        if (!WriteFile(to, buffer.data(), count, nullptr, nullptr))
+            return false;
+    }
+    return false;
+}
+
+bool GiveWriteTime(HANDLE file, const struct timespec& time)
+{
+    const struct timespec times[] = {{0, UTIME_OMIT}, time};
+    return ::futimens(DescriptorOf(file), times) == 0 || FailWithErrno();
+}
+
+/// Opens or makes a file as CreateFileW does; one that is made has the access rights `mode`.
+HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD disposition, mode_t mode)
 {
     const auto failed = [](DWORD error)
     {
         SetLastError(error);
         return INVALID_HANDLE_VALUE;
     };
-    if (!IsCompletePath(path))
-        return failed(ERROR_PATH_NOT_FOUND);
-    if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING)
-        return failed(ERROR_INVALID_PARAMETER);
-    if (disposition == TRUNCATE_EXISTING && !(access & GENERIC_WRITE))
-        return failed(ERROR_INVALID_PARAMETER);
-
-    const std::string native = NativePath(path);
-    const mode_t mode = flagsAndAttributes & FILE_ATTRIBUTE_READONLY ? 0444 : 0666;
     bool existed = false;
     const int descriptor = OpenByDisposition(native.c_str(), OpenFlags(access), disposition, mode, existed);
     if (descriptor < 0)
@@ -201,6 +209,25 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposi
     return HandleOf(descriptor);
 }
 
+}  // namespace
+
+HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposition, DWORD flagsAndAttributes, HANDLE)
+{
+    const auto failed = [](DWORD error)
+    {
+        SetLastError(error);
+        return INVALID_HANDLE_VALUE;
+    };
+    if (!IsCompletePath(path))
+        return failed(ERROR_PATH_NOT_FOUND);
+    if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING)
+        return failed(ERROR_INVALID_PARAMETER);
+    if (disposition == TRUNCATE_EXISTING && !(access & GENERIC_WRITE))
+        return failed(ERROR_INVALID_PARAMETER);
+    const mode_t mode = flagsAndAttributes & FILE_ATTRIBUTE_READONLY ? 0444 : 0666;
+    return OpenNative(NativePath(path), access, share, disposition, mode);
+}
+
 BOOL CloseHandle(HANDLE file)
 {
     const int descriptor = DescriptorOf(file);
@@ -219,8 +246,8 @@ BOOL CloseHandle(HANDLE file)
 BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
 {
     DWORD done = 0;
-    bool succeeded = true;
-    while (done < size)
+    bool succeeded = buffer || size == 0 || Fail(ERROR_NOACCESS);
+    while (succeeded && done < size)
     {
         const ssize_t count = ::read(DescriptorOf(file), static_cast<char*>(buffer) + done, size - done);
         if (count == 0)
@@ -228,10 +255,7 @@ BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
         if (count > 0)
             done += static_cast<DWORD>(count);
         else if (errno != EINTR)
-        {
             succeeded = FailOfTransfer(DescriptorOf(file));
-            break;
-        }
     }
     if (read)
         *read = done;
@@ -241,17 +265,14 @@ BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
 BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
 {
     DWORD done = 0;
-    bool succeeded = true;
-    while (done < size)
+    bool succeeded = buffer || size == 0 || Fail(ERROR_INVALID_USER_BUFFER);
+    while (succeeded && done < size)
     {
         const ssize_t count = ::write(DescriptorOf(file), static_cast<const char*>(buffer) + done, size - done);
         if (count >= 0)
             done += static_cast<DWORD>(count);
         else if (errno != EINTR)
-        {
             succeeded = FailOfTransfer(DescriptorOf(file));
-            break;
-        }
     }
     if (written)
         *written = done;
@@ -330,6 +351,37 @@ BOOL DeleteFileW(LPCWSTR path)
     return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
 }
 
+BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists)
+{
+    if (!from || !to)
+        return Fail(ERROR_INVALID_PARAMETER);
+    if (!*from || !*to)
+        return Fail(ERROR_PATH_NOT_FOUND);
+    const std::string source = NativePath(from);
+    const std::string target = NativePath(to);
+    struct stat status
+    {
+    };
+    if (::stat(source.c_str(), &status) != 0)
+        return FailOfPath(source);
+    // Neither a folder nor what may wait or go on for ever: a pipe, a device.
+    if (!S_ISREG(status.st_mode))
+        return Fail(ERROR_ACCESS_DENIED);
+    const FileHandle reader(OpenNative(source, GENERIC_READ, c_shareAll, OPEN_EXISTING, 0));
+    if (!reader.IsOpen())
+        return 0;
+    const DWORD disposition = failIfExists ? CREATE_NEW : CREATE_ALWAYS;
+    const FileHandle writer(OpenNative(target, GENERIC_WRITE, 0, disposition, status.st_mode & 0777));
+    if (!writer.IsOpen())
+        return 0;
+    if (CopyContents(reader, writer) && GiveWriteTime(writer, status.st_mtim))
+        return 1;
+    const DWORD error = GetLastError();
+    if (GetFileType(writer) == FILE_TYPE_DISK)  // not a device, which is no copy of ours
+        ::unlink(target.c_str());
+    return Fail(error);
+}
+
 BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags)
 {
     if (!IsCompletePath(from) || !IsCompletePath(to))
@@ -360,23 +412,22 @@ BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags)
 
 DWORD GetFileAttributesW(LPCWSTR path)
 {
-    const auto failed = [](DWORD error)
-    {
-        SetLastError(error);
-        return INVALID_FILE_ATTRIBUTES;
-    };
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    return GetFileAttributesExW(path, GetFileExInfoStandard, &data) ? data.dwFileAttributes : INVALID_FILE_ATTRIBUTES;
+}
+
+BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data)
+{
+    if (level != GetFileExInfoStandard || !data)
+        return Fail(ERROR_INVALID_PARAMETER);
     if (!IsCompletePath(path))
-        return failed(ERROR_PATH_NOT_FOUND);
+        return Fail(ERROR_PATH_NOT_FOUND);
     const std::string native = NativePath(path);
-    struct stat status
-    {
-    };
-    if (::stat(native.c_str(), &status) != 0)
-        return failed(ErrorOfPath(errno, native));
-    const DWORD readOnly = status.st_mode & 0222 ? 0 : FILE_ATTRIBUTE_READONLY;
-    if (S_ISDIR(status.st_mode))
-        return FILE_ATTRIBUTE_DIRECTORY | readOnly;
-    return FILE_ATTRIBUTE_ARCHIVE | readOnly;
+    const std::optional<WIN32_FILE_ATTRIBUTE_DATA> status = StatusOf(AT_FDCWD, native.c_str());
+    if (!status)
+        return FailOfPath(native);
+    *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = *status;
+    return 1;
 }
 
 BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes)

@@ -1,6 +1,9 @@
 #include "vetools/platform/posix/NativePath.h"
 
 #include <algorithm>
+#include <cstdint>
+
+#include <unicode/utf8.h>
 
 #include "vetools/platform/posix/WinBase.h"
 
@@ -9,6 +12,29 @@ namespace
 
 constexpr std::wstring_view c_extendedPrefix = L"\\\\?\\";
 constexpr std::wstring_view c_extendedUncPrefix = L"\\\\?\\UNC\\";
+
+/// Added to a byte from 0x80 that is no part of a character, to make a lone surrogate of it.
+constexpr wchar_t c_escape = 0xDC00;
+
+bool IsEscapedByte(wchar_t character)
+{
+    return character >= c_escape + 0x80 && character <= c_escape + 0xFF;
+}
+
+std::string EncodedPath(std::wstring_view path)
+{
+    std::string native;
+    while (!path.empty())
+    {
+        const auto* const textEnd = std::find_if(path.begin(), path.end(), IsEscapedByte);
+        const auto textLength = static_cast<std::size_t>(textEnd - path.begin());
+        native += Utf8Text(path.substr(0, textLength));
+        path.remove_prefix(textLength);
+        for (; !path.empty() && IsEscapedByte(path.front()); path.remove_prefix(1))
+            native += static_cast<char>(path.front() - c_escape);
+    }
+    return native;
+}
 
 }  // namespace
 
@@ -24,7 +50,7 @@ std::string NativePath(std::wstring_view path)
     {
         path.remove_prefix(c_extendedPrefix.size());
     }
-    native += Utf8Text(path);
+    native += EncodedPath(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
 }
@@ -43,9 +69,21 @@ std::string Utf8Text(std::wstring_view text)
 
 std::wstring WidePath(std::string_view path)
 {
-    std::wstring wide(path.size(), L'\0');
-    const int capacity = static_cast<int>(path.size());
-    const int size = path.empty() ? 0 : ::MultiByteToWideChar(CP_UTF8, 0, path.data(), capacity, wide.data(), capacity);
-    wide.resize(static_cast<std::size_t>(size));
+    std::wstring wide;
+    wide.reserve(path.size());
+    const auto size = static_cast<std::int64_t>(path.size());
+    for (std::int64_t i = 0; i < size;)
+    {
+        const std::int64_t begin = i;
+        UChar32 character;
+        U8_NEXT(path.data(), i, size, character);
+        if (character >= 0)
+        {
+            wide += static_cast<wchar_t>(character);
+            continue;
+        }
+        for (const char byte : path.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(i - begin)))
+            wide += static_cast<wchar_t>(c_escape + static_cast<std::uint8_t>(byte));
+    }
     return wide;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdarg>
+
+#include "vetools/platform/Export.h"
 #include "vetools/platform/posix/WinErrors.h"
 #include "vetools/platform/posix/WinFiles.h"
 #include "vetools/platform/posix/WinOle.h"
@@ -14,8 +17,24 @@
 
 /// The error code of the calling thread. A function sets it when it fails; success leaves it as it is, unless said
 /// otherwise.
-DWORD GetLastError();
-void SetLastError(DWORD code);
+VETOOLS_API DWORD GetLastError();
+VETOOLS_API void SetLastError(DWORD code);
+
+constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x0100;
+constexpr DWORD FORMAT_MESSAGE_IGNORE_INSERTS = 0x0200;
+constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
+
+/// The text of an error code, in English, with a line break "\r\n" at its end. FORMAT_MESSAGE_FROM_SYSTEM and
+/// FORMAT_MESSAGE_IGNORE_INSERTS must be set. With FORMAT_MESSAGE_ALLOCATE_BUFFER, `buffer` is a `LPWSTR*` that receives
+/// a new text, freed by LocalFree; else `size` counts its characters with the terminator. Returns the length; 0 with the
+/// last error set when that fails: ERROR_MR_MID_NOT_FOUND for a code without a text, ERROR_INSUFFICIENT_BUFFER,
+/// ERROR_INVALID_PARAMETER for other flags or a null buffer. The other arguments are not read.
+VETOOLS_API DWORD FormatMessageW(DWORD flags, LPCVOID source, DWORD code, DWORD language, LPWSTR buffer, DWORD size,
+                                 va_list* arguments);
+
+using HLOCAL = void*;
+/// Frees what FormatMessageW allocated, or null. Returns null.
+VETOOLS_API HLOCAL LocalFree(HLOCAL memory);
 
 // Text
 
@@ -31,17 +50,18 @@ constexpr DWORD WC_ERR_INVALID_CHARS = 0x80;
 /// wrote, or with `bufferSize` 0 how many it would write. 0 with the last error set when that fails:
 /// ERROR_INVALID_PARAMETER for an unknown code page, a null or empty text or a negative size,
 /// ERROR_INSUFFICIENT_BUFFER, ERROR_NO_UNICODE_TRANSLATION.
-int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, LPWSTR buffer, int bufferSize);
+VETOOLS_API int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, LPWSTR buffer,
+                                    int bufferSize);
 /// The way back, with the same results. Lone surrogates and values beyond U+10FFFF have no encoding. `defaultCharacter`
 /// and `usedDefaultCharacter` must be null, as the system demands for UTF-8.
-int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer, int bufferSize,
-                        LPCSTR defaultCharacter, BOOL* usedDefaultCharacter);
+VETOOLS_API int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, LPSTR buffer,
+                                    int bufferSize, LPCSTR defaultCharacter, BOOL* usedDefaultCharacter);
 
 /// Maps each element to its upper or lower case in place and returns `length`. As on Windows a pair of letters is
 /// mapped only when each is the other's counterpart, and only within the first 65536 characters: µ, ß, ı, İ, ſ and the
 /// title-case digraphs stay.
-DWORD CharUpperBuffW(LPWSTR text, DWORD length);
-DWORD CharLowerBuffW(LPWSTR text, DWORD length);
+VETOOLS_API DWORD CharUpperBuffW(LPWSTR text, DWORD length);
+VETOOLS_API DWORD CharLowerBuffW(LPWSTR text, DWORD length);
 
 constexpr LCID LOCALE_USER_DEFAULT = 0x0400;
 constexpr DWORD NORM_IGNORECASE = 1;
@@ -52,7 +72,7 @@ constexpr int CSTR_GREATER_THAN = 3;
 /// Compares two texts as a dictionary of no language in particular does; -1 as a length stands for a terminated text.
 /// Returns CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 with ERROR_INVALID_PARAMETER for a null text, with
 /// ERROR_INVALID_FLAGS for flags other than NORM_IGNORECASE. `locale` is not read.
-int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right, int rightLength);
+VETOOLS_API int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right, int rightLength);
 
 // Modules
 
@@ -61,11 +81,11 @@ int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWS
 /// read-only entry itself, which has no terminator, and the length of the entry is returned. 0 when there is no such
 /// entry, the last error then being ERROR_RESOURCE_NAME_NOT_FOUND; the buffer holds an empty text then, unless its size
 /// is 0, where a null pointer is stored.
-int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize);
+VETOOLS_API int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize);
 
 // Debugger output
 
 /// Shows a text to a debugger. Here it goes to the standard error as UTF-8, but only when the environment variable
 /// VETOOLS_DEBUG_OUTPUT is set. Null shows nothing.
-void OutputDebugStringA(LPCSTR text);
-void OutputDebugStringW(LPCWSTR text);
+VETOOLS_API void OutputDebugStringA(LPCSTR text);
+VETOOLS_API void OutputDebugStringW(LPCWSTR text);

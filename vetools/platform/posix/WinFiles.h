@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vetools/platform/Export.h"
 #include "vetools/platform/posix/WinTypes.h"
 
 // Files, under the system's names and with the system's documented results. Every function sets the last error when it
@@ -44,6 +45,7 @@ constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x0010;
 constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x0020;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x0080;
 constexpr DWORD FILE_ATTRIBUTE_TEMPORARY = 0x0100;
+constexpr DWORD FILE_ATTRIBUTE_REPARSE_POINT = 0x0400;  // a symbolic link
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
 constexpr DWORD FILE_BEGIN = 0;
@@ -57,29 +59,99 @@ constexpr DWORD MOVEFILE_WRITE_THROUGH = 0x0008;
 /// Opens or creates a file; INVALID_HANDLE_VALUE when that fails. On success the last error is ERROR_ALREADY_EXISTS when
 /// CREATE_ALWAYS or OPEN_ALWAYS met an existing file, else 0. `security` and `templateFile` are not read, and of
 /// `flagsAndAttributes` only FILE_ATTRIBUTE_READONLY is. Sharing is enforced between the handles of this process.
-HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void* security, DWORD disposition, DWORD flagsAndAttributes,
-                   HANDLE templateFile);
-BOOL CloseHandle(HANDLE file);
+VETOOLS_API HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void* security, DWORD disposition,
+                               DWORD flagsAndAttributes, HANDLE templateFile);
+VETOOLS_API BOOL CloseHandle(HANDLE file);
 
 /// Reads up to `size` bytes; fewer only at the end of the file. `*read` is set in every case. `overlapped` must be null.
-BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void* overlapped);
+VETOOLS_API BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void* overlapped);
 /// Writes `size` bytes in one system call wherever the system takes them all. `*written` is set in every case.
-BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void* overlapped);
-BOOL FlushFileBuffers(HANDLE file);
+VETOOLS_API BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void* overlapped);
+VETOOLS_API BOOL FlushFileBuffers(HANDLE file);
 
 /// Moves the file pointer by a signed 32-bit distance, or a 64-bit one whose high part is `*distanceHigh`, which then receives
 /// the new high part. Returns the new low part, INVALID_SET_FILE_POINTER with the last error set when that fails.
-DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD from);
-BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
+VETOOLS_API DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD from);
+VETOOLS_API BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
 /// Cuts or extends the file to the file pointer.
-BOOL SetEndOfFile(HANDLE file);
-BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+VETOOLS_API BOOL SetEndOfFile(HANDLE file);
+VETOOLS_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 
-BOOL DeleteFileW(LPCWSTR path);
-BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
-DWORD GetFileAttributesW(LPCWSTR path);
+VETOOLS_API BOOL DeleteFileW(LPCWSTR path);
+VETOOLS_API BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
+/// Copies the contents, FILE_ATTRIBUTE_READONLY, the right to execute and the time of the last write. `failIfExists` tells
+/// whether a file at `to` is an error (ERROR_FILE_EXISTS) or is overwritten. A link at `from` is followed. What is no plain
+/// file is refused with ERROR_ACCESS_DENIED. When copying fails, no half of it is left.
+VETOOLS_API BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists);
+/// Of a symbolic link: FILE_ATTRIBUTE_REPARSE_POINT, and what its target has, if there is one.
+VETOOLS_API DWORD GetFileAttributesW(LPCWSTR path);
 /// Only FILE_ATTRIBUTE_READONLY is kept: it takes away the right to write, or gives it to the owner.
-BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
+VETOOLS_API BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
+
+/// Hundreds of nanoseconds since the beginning of 1601, in UTC.
+typedef struct _FILETIME
+{
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+} FILETIME, *LPFILETIME;
+
+/// Attributes as GetFileAttributesW gives them; size and times are those of a link's target, if there is one. No time of
+/// creation is kept here, which then reads 0, as on a file system of the system's own that keeps none.
+typedef struct _WIN32_FILE_ATTRIBUTE_DATA
+{
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+} WIN32_FILE_ATTRIBUTE_DATA, *LPWIN32_FILE_ATTRIBUTE_DATA;
+
+typedef enum _GET_FILEEX_INFO_LEVELS
+{
+    GetFileExInfoStandard,
+    GetFileExMaxInfoLevel
+} GET_FILEEX_INFO_LEVELS;
+
+/// `data` is a WIN32_FILE_ATTRIBUTE_DATA*, and `level` GetFileExInfoStandard: ERROR_INVALID_PARAMETER for any other.
+VETOOLS_API BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data);
+
+// Folders
+
+/// Makes one folder, whose parent must exist. `security` is not read.
+VETOOLS_API BOOL CreateDirectoryW(LPCWSTR path, void* security);
+/// Removes an empty folder, or a symbolic link to a folder, whose target stays. ERROR_DIRECTORY for anything else.
+VETOOLS_API BOOL RemoveDirectoryW(LPCWSTR path);
+
+constexpr DWORD MAX_PATH = 260;
+
+/// An entry of a folder, with the values of WIN32_FILE_ATTRIBUTE_DATA. There are no alternate names.
+typedef struct _WIN32_FIND_DATAW
+{
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    WCHAR cFileName[MAX_PATH];
+    WCHAR cAlternateFileName[14];
+} WIN32_FIND_DATAW, *LPWIN32_FIND_DATAW;
+
+/// Begins a search: `pattern` is a path whose last component may hold `*`, any characters or none, and `?`, one character.
+/// Such names are matched without regard to case, and points and stars at the end of the pattern are met by the end of a
+/// name: `*.*` finds every name, `calc.*` finds `calc`. Without `*` and `?` the pattern is a path as for any other function.
+///
+/// What is found: "." and "..", except in the root; then the names that the folder holds when they are first asked
+/// for, in the order of their upper case. A folder may be changed while it is searched. Names that are no UTF-8 are found
+/// too: see NativePath.h. Returns INVALID_HANDLE_VALUE when nothing is found, with ERROR_FILE_NOT_FOUND, or
+/// ERROR_PATH_NOT_FOUND when the folder is missing.
+VETOOLS_API HANDLE FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW found);
+/// The next entry; 0 with ERROR_NO_MORE_FILES when there is none.
+VETOOLS_API BOOL FindNextFileW(HANDLE search, LPWIN32_FIND_DATAW found);
+VETOOLS_API BOOL FindClose(HANDLE search);
 
 constexpr DWORD FILE_TYPE_UNKNOWN = 0x0000;
 constexpr DWORD FILE_TYPE_DISK = 0x0001;
@@ -87,15 +159,16 @@ constexpr DWORD FILE_TYPE_CHAR = 0x0002;
 constexpr DWORD FILE_TYPE_PIPE = 0x0003;
 
 /// FILE_TYPE_DISK for a plain file.
-DWORD GetFileType(HANDLE file);
+VETOOLS_API DWORD GetFileType(HANDLE file);
 
 /// The path of an open file without links, as a native path. Returns its length; when `capacity`, in characters with the
 /// terminator, is too small, nothing is written and the capacity that is needed is returned. 0 when the system does not
 /// tell. `flags` is not read.
-DWORD GetFinalPathNameByHandleW(HANDLE file, LPWSTR path, DWORD capacity, DWORD flags);
+VETOOLS_API DWORD GetFinalPathNameByHandleW(HANDLE file, LPWSTR path, DWORD capacity, DWORD flags);
 
 /// Puts `replacement` in the place of `replaced`, which must exist, and gives it that file's access rights. `backup` must
 /// be null; the other arguments are not read.
-BOOL ReplaceFileW(LPCWSTR replaced, LPCWSTR replacement, LPCWSTR backup, DWORD flags, LPVOID exclude, LPVOID reserved);
+VETOOLS_API BOOL ReplaceFileW(LPCWSTR replaced, LPCWSTR replacement, LPCWSTR backup, DWORD flags, LPVOID exclude,
+                              LPVOID reserved);
 
-DWORD GetCurrentProcessId();
+VETOOLS_API DWORD GetCurrentProcessId();

@@ -29,6 +29,7 @@ typedef double DOUBLE;
 typedef void* PVOID;
 typedef intptr_t INT_PTR;
 typedef int32_t HRESULT;
+typedef wchar_t WCHAR;
 typedef wchar_t* LPWSTR;
 typedef const wchar_t* LPCWSTR;
 typedef char* LPSTR;
