@@ -20,8 +20,8 @@ typedef uint32_t ULONG;
 typedef unsigned int UINT;
 typedef int INT;
 typedef int32_t LONG;
-typedef int64_t LONGLONG;
-typedef uint64_t ULONGLONG;
+typedef long long LONGLONG;
+typedef unsigned long long ULONGLONG;
 /// A macro, as the system's headers have it: `unsigned __int64` is a type as well.
 #define __int64 long long
 typedef float FLOAT;
