@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -16,8 +17,9 @@ struct BstrHeader
     std::uint32_t byteLength;
 };
 
-constexpr UINT c_maxLength =
-    static_cast<UINT>((std::numeric_limits<UINT>::max() - sizeof(BstrHeader)) / sizeof(OLECHAR) - 1);
+constexpr UINT c_maxByteLength =
+    static_cast<UINT>(std::numeric_limits<UINT>::max() - sizeof(BstrHeader) - sizeof(OLECHAR));
+constexpr UINT c_maxLength = c_maxByteLength / static_cast<UINT>(sizeof(OLECHAR));
 
 BstrHeader* HeaderOf(BSTR text)
 {
@@ -38,16 +40,49 @@ BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {
     if (length > c_maxLength)
         return nullptr;
-    const std::size_t byteLength = length * sizeof(OLECHAR);
+    return ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), length * static_cast<UINT>(sizeof(OLECHAR)));
+}
+
+BSTR SysAllocStringByteLen(const char* bytes, UINT byteLength)
+{
+    if (byteLength > c_maxByteLength)
+        return nullptr;
     auto* header = static_cast<BstrHeader*>(std::malloc(sizeof(BstrHeader) + byteLength + sizeof(OLECHAR)));
     if (!header)
         return nullptr;
-    *header = {0, static_cast<std::uint32_t>(byteLength)};
-    auto* allocated = reinterpret_cast<BSTR>(header + 1);
-    if (text)
-        std::memcpy(allocated, text, byteLength);
-    allocated[length] = L'\0';
-    return allocated;
+    *header = {0, byteLength};
+    auto* const text = reinterpret_cast<char*>(header + 1);
+    if (bytes)
+        std::memcpy(text, bytes, byteLength);
+    std::memset(text + byteLength, 0, sizeof(OLECHAR));
+    return reinterpret_cast<BSTR>(text);
+}
+
+INT SysReAllocString(BSTR* text, const OLECHAR* source)
+{
+    if (!text)
+        return 0;
+    BSTR const made = ::SysAllocString(source);
+    if (source && !made)
+        return 0;
+    ::SysFreeString(*text);
+    *text = made;
+    return 1;
+}
+
+INT SysReAllocStringLen(BSTR* text, const OLECHAR* source, UINT length)
+{
+    if (!text)
+        return 0;
+    BSTR const made = ::SysAllocStringLen(source, length);
+    if (!made)
+        return 0;
+    // The old characters stay where there are no new ones.
+    if (!source && *text)
+        std::memcpy(made, *text, std::min(::SysStringByteLen(*text), ::SysStringByteLen(made)));
+    ::SysFreeString(*text);
+    *text = made;
+    return 1;
 }
 
 void SysFreeString(BSTR text)

@@ -7,12 +7,6 @@
 // OLE Automation: values that know their type, arrays of them, and their conversion. Names, layout, results and error codes
 // are those of the system's documentation. Clients in C read this file too.
 
-// clang-format off
-#ifdef __cplusplus
-extern "C" {
-#endif
-// clang-format on
-
 // Result codes
 
 #define DISP_E_PARAMNOTFOUND ((HRESULT)0x80020004)
@@ -286,6 +280,11 @@ struct tagVARIANT
 #define V_BYREF(variant)      V_UNION(variant, byref)
 // clang-format on
 
+// clang-format off
+#ifdef __cplusplus
+extern "C" {
+#endif
+
 // Values
 
 /// Makes an empty value of whatever `value` holds, without freeing it.
@@ -357,7 +356,6 @@ VETOOLS_API HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* b
 /// The type of the elements. E_INVALIDARG for null, or for an array that does not know.
 VETOOLS_API HRESULT SafeArrayGetVartype(SAFEARRAY* array, VARTYPE* type);
 
-// clang-format off
 #ifdef __cplusplus
 }
 #endif
@@ -391,8 +389,9 @@ typedef struct IDispatchVtbl
     HRESULT (*GetTypeInfoCount)(IDispatch* This, UINT* count);
     HRESULT (*GetTypeInfo)(IDispatch* This, UINT index, LCID locale, ITypeInfo** info);
     HRESULT (*GetIDsOfNames)(IDispatch* This, REFIID reserved, OLECHAR** names, UINT count, LCID locale, DISPID* ids);
-    HRESULT (*Invoke)(IDispatch* This, DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
-                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument);
+    HRESULT(*Invoke)
+    (IDispatch* This, DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+     EXCEPINFO* exception, UINT* badArgument);
 } IDispatchVtbl;
 struct IDispatch
 {

@@ -1,0 +1,104 @@
+#include <type_traits>
+
+#include "vetools/platform/posix/VariantTypes.h"
+#include "vetools/platform/posix/WinVariant.h"
+
+namespace
+{
+
+/// A text with the same bytes, terminators included; null for null, which is an empty text too.
+HRESULT CopyText(BSTR text, BSTR& copy)
+{
+    copy = nullptr;
+    if (text == nullptr)
+        return S_OK;
+    copy = ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), ::SysStringByteLen(text));
+    return copy != nullptr ? S_OK : E_OUTOFMEMORY;
+}
+
+/// Gives a value that was copied byte by byte what it must own itself; what it shares stays the original's on failure.
+HRESULT OwnContent(VARIANT& value)
+{
+    if ((value.vt & VT_BYREF) != 0)
+        return S_OK;
+    if ((value.vt & VT_ARRAY) != 0)
+        return ::SafeArrayCopy(value.parray, &value.parray);
+    if (value.vt == VT_BSTR)
+        return CopyText(value.bstrVal, value.bstrVal);
+    if ((value.vt == VT_UNKNOWN || value.vt == VT_DISPATCH) && value.punkVal != nullptr)
+        value.punkVal->AddRef();
+    return S_OK;
+}
+
+/// Puts a copy of a value of a valid type in the place of another, which may be the original.
+HRESULT ReplaceByCopy(VARIANT& destination, const VARIANT& source)
+{
+    VARIANT copy = source;
+    HRESULT result = OwnContent(copy);
+    if (FAILED(result))
+        return result;
+    if (::VariantClear(&destination) == DISP_E_ARRAYISLOCKED)
+    {
+        ::VariantClear(&copy);
+        return DISP_E_ARRAYISLOCKED;
+    }
+    destination = copy;
+    return S_OK;
+}
+
+}  // namespace
+
+static_assert(sizeof(VARIANT) == 24 && sizeof(DECIMAL) == 16 && std::is_trivially_copyable_v<VARIANT>,
+              "values are copied as bytes, by hosts as well");
+
+void VariantInit(VARIANTARG* value)
+{
+    *value = VARIANT{};
+}
+
+HRESULT VariantClear(VARIANTARG* value)
+{
+    if (value == nullptr)
+        return E_INVALIDARG;
+    if (!IsValueType(value->vt))
+        return DISP_E_BADVARTYPE;
+
+    if ((value->vt & VT_BYREF) != 0)
+    {
+        value->vt = VT_EMPTY;
+        return S_OK;
+    }
+    if ((value->vt & VT_ARRAY) != 0)
+    {
+        const HRESULT result = ::SafeArrayDestroy(value->parray);
+        if (FAILED(result))
+            return result;
+    }
+    else if (value->vt == VT_BSTR)
+        ::SysFreeString(value->bstrVal);
+    else if ((value->vt == VT_UNKNOWN || value->vt == VT_DISPATCH) && value->punkVal != nullptr)
+        value->punkVal->Release();
+    value->vt = VT_EMPTY;
+    return S_OK;
+}
+
+HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source)
+{
+    if (destination == nullptr || source == nullptr)
+        return E_INVALIDARG;
+    if (!IsValueType(source->vt))
+        return DISP_E_BADVARTYPE;
+    if (destination == source)
+        return S_OK;
+    return ReplaceByCopy(*destination, *source);
+}
+
+HRESULT VariantCopyInd(VARIANT* destination, const VARIANTARG* source)
+{
+    if (destination == nullptr || source == nullptr || ((source->vt & VT_BYREF) != 0 && !IsValueType(source->vt)))
+        return E_INVALIDARG;
+    if ((source->vt & VT_BYREF) == 0)
+        return ::VariantCopy(destination, source);
+    const std::optional<VARIANT> referenced = Dereferenced(*source);
+    return referenced ? ReplaceByCopy(*destination, *referenced) : E_INVALIDARG;
+}

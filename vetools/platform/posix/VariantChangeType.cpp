@@ -1,0 +1,375 @@
+#include <cfloat>
+#include <cstring>
+#include <limits>
+
+#include "vetools/platform/posix/OleDate.h"
+#include "vetools/platform/posix/VariantNumber.h"
+#include "vetools/platform/posix/VariantText.h"
+#include "vetools/platform/posix/VariantTypes.h"
+
+// Each conversion reads the number that the source stands for and writes it in the type that is wanted; only texts, dates,
+// objects and arrays have ways of their own. A source is never a reference here, a result is made before the destination
+// is touched, and is owned by whoever made it.
+
+namespace
+{
+
+constexpr VARTYPE c_bytes = VT_ARRAY | VT_UI1;
+
+bool IsObject(VARTYPE type)
+{
+    return type == VT_UNKNOWN || type == VT_DISPATCH;
+}
+
+/// The characters of a text up to its first terminator.
+std::wstring_view CharactersOf(BSTR text)
+{
+    if (text == nullptr)
+        return {};
+    const std::wstring_view all(text, ::SysStringLen(text));
+    return all.substr(0, all.find(L'\0'));
+}
+
+/// The number that a value other than a text stands for.
+HRESULT ReadNumber(const VARIANT& source, Number& number)
+{
+    switch (source.vt)
+    {
+    case VT_EMPTY:
+        number = ScaledNumber();
+        return S_OK;
+    case VT_I1:
+        number = NumberOf(LONGLONG{static_cast<signed char>(source.cVal)});
+        return S_OK;
+    case VT_UI1:
+        number = NumberOf(ULONGLONG{source.bVal});
+        return S_OK;
+    case VT_I2:
+        number = NumberOf(LONGLONG{source.iVal});
+        return S_OK;
+    case VT_UI2:
+        number = NumberOf(ULONGLONG{source.uiVal});
+        return S_OK;
+    case VT_I4:
+    case VT_INT:
+        number = NumberOf(LONGLONG{source.lVal});
+        return S_OK;
+    case VT_UI4:
+    case VT_UINT:
+        number = NumberOf(ULONGLONG{source.ulVal});
+        return S_OK;
+    case VT_I8:
+        number = NumberOf(source.llVal);
+        return S_OK;
+    case VT_UI8:
+        number = NumberOf(source.ullVal);
+        return S_OK;
+    case VT_CY:
+        number = NumberOf(source.cyVal);
+        return S_OK;
+    case VT_R4:
+        number = double{source.fltVal};
+        return S_OK;
+    case VT_R8:
+    case VT_DATE:
+        number = source.dblVal;
+        return S_OK;
+    case VT_BOOL:
+        number = BooleanNumber{source.boolVal};
+        return S_OK;
+    default:
+        return DISP_E_TYPEMISMATCH;
+    }
+}
+
+HRESULT ReadDecimal(const DECIMAL& decimal, Number& number)
+{
+    const std::optional<ScaledNumber> scaled = NumberOf(decimal);
+    if (!scaled)
+        return E_INVALIDARG;
+    number = *scaled;
+    return S_OK;
+}
+
+HRESULT ReadText(BSTR text, Number& number)
+{
+    switch (ReadNumberText(CharactersOf(text), number))
+    {
+    case NumberTextError::None:
+        return S_OK;
+    case NumberTextError::TooLarge:
+        return DISP_E_OVERFLOW;
+    default:
+        return DISP_E_TYPEMISMATCH;
+    }
+}
+
+HRESULT MakeText(const wchar_t* text, const wchar_t* end, VARIANT& result)
+{
+    result.bstrVal = ::SysAllocStringLen(text, static_cast<UINT>(end - text));
+    if (result.bstrVal == nullptr)
+        return E_OUTOFMEMORY;
+    result.vt = VT_BSTR;
+    return S_OK;
+}
+
+/// The same text with all its terminators; an empty one for null.
+HRESULT CopyText(BSTR text, VARIANT& result)
+{
+    result.bstrVal = ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), ::SysStringByteLen(text));
+    if (result.bstrVal == nullptr)
+        return E_OUTOFMEMORY;
+    result.vt = VT_BSTR;
+    return S_OK;
+}
+
+HRESULT BooleanToText(VARIANT_BOOL value, USHORT flags, VARIANT& result)
+{
+    if ((flags & (VARIANT_ALPHABOOL | VARIANT_LOCALBOOL)) != 0)
+    {
+        const std::wstring_view word = value != VARIANT_FALSE ? L"True" : L"False";
+        return MakeText(word.data(), word.data() + word.size(), result);
+    }
+    wchar_t text[c_maxNumberText];
+    return MakeText(text, WriteNumberText(text, NumberOf(LONGLONG{value})), result);
+}
+
+HRESULT DateToText(DATE date, VARIANT& result)
+{
+    wchar_t text[c_maxDateText];
+    const wchar_t* const end = WriteDateText(text, date);
+    return end != nullptr ? MakeText(text, end, result) : E_INVALIDARG;
+}
+
+/// Bytes of one dimension as a text of as many bytes.
+HRESULT BytesToText(SAFEARRAY* bytes, VARIANT& result)
+{
+    if (bytes == nullptr || ::SafeArrayGetDim(bytes) != 1)
+        return E_INVALIDARG;
+    void* data = nullptr;
+    const HRESULT access = ::SafeArrayAccessData(bytes, &data);
+    if (FAILED(access))
+        return access;
+    result.bstrVal = ::SysAllocStringByteLen(static_cast<const char*>(data), bytes->rgsabound[0].cElements);
+    ::SafeArrayUnaccessData(bytes);
+    if (result.bstrVal == nullptr)
+        return E_OUTOFMEMORY;
+    result.vt = VT_BSTR;
+    return S_OK;
+}
+
+HRESULT TextToBytes(BSTR text, VARIANT& result)
+{
+    const UINT byteLength = ::SysStringByteLen(text);
+    SAFEARRAY* const bytes = ::SafeArrayCreateVector(VT_UI1, 0, byteLength);
+    if (bytes == nullptr)
+        return E_OUTOFMEMORY;
+    if (byteLength > 0)
+        std::memcpy(bytes->pvData, text, byteLength);
+    result.parray = bytes;
+    result.vt = c_bytes;
+    return S_OK;
+}
+
+HRESULT ToText(const VARIANT& source, USHORT flags, VARIANT& result)
+{
+    switch (source.vt)
+    {
+    case VT_BOOL:
+        return BooleanToText(source.boolVal, flags, result);
+    case VT_DATE:
+        return DateToText(source.date, result);
+    case c_bytes:
+        return BytesToText(source.parray, result);
+    case VT_EMPTY:
+        return MakeText(L"", L"", result);
+    default:
+        break;
+    }
+
+    Number number;
+    const HRESULT read = source.vt == VT_DECIMAL ? ReadDecimal(source.decVal, number) : ReadNumber(source, number);
+    if (FAILED(read))
+        return read;
+    wchar_t text[c_maxNumberText];
+    if (const auto* const scaled = std::get_if<ScaledNumber>(&number))
+        return MakeText(text, WriteNumberText(text, *scaled), result);
+    const int digits = source.vt == VT_R4 ? FLT_DIG + 1 : DBL_DIG;
+    return MakeText(text, WriteNumberText(text, std::get<double>(number), digits), result);
+}
+
+HRESULT MakeDate(DATE date, VARIANT& result)
+{
+    result.date = date;
+    result.vt = VT_DATE;
+    return S_OK;
+}
+
+HRESULT NumberToDate(const Number& number, VARIANT& result)
+{
+    const std::optional<double> date = DoubleOf(number);
+    if (!date || (!IsDate(*date) && *date == *date))
+        return DISP_E_OVERFLOW;
+    return MakeDate(*date, result);
+}
+
+HRESULT TextToDate(BSTR text, VARIANT& result)
+{
+    const std::optional<DATE> date = ReadDateText(CharactersOf(text));
+    return date ? MakeDate(*date, result) : DISP_E_TYPEMISMATCH;
+}
+
+HRESULT MakeBoolean(bool value, VARIANT& result)
+{
+    result.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+    result.vt = VT_BOOL;
+    return S_OK;
+}
+
+HRESULT TextToNumber(BSTR text, VARTYPE type, VARIANT& result)
+{
+    if (type == VT_BOOL)
+    {
+        const std::optional<bool> word = ReadBooleanText(CharactersOf(text));
+        if (word)
+            return MakeBoolean(*word, result);
+    }
+    Number number;
+    const HRESULT read = ReadText(text, number);
+    return FAILED(read) ? read : WriteNumber(number, type, result);
+}
+
+/// A number or a date from anything that stands for one.
+HRESULT ToNumber(const VARIANT& source, VARTYPE type, VARIANT& result)
+{
+    if (source.vt == VT_BSTR)
+        return type == VT_DATE ? TextToDate(source.bstrVal, result) : TextToNumber(source.bstrVal, type, result);
+    Number number;
+    const HRESULT read = source.vt == VT_DECIMAL ? ReadDecimal(source.decVal, number) : ReadNumber(source, number);
+    if (FAILED(read))
+        return read;
+    return type == VT_DATE ? NumberToDate(number, result) : WriteNumber(number, type, result);
+}
+
+/// An object by its other interface.
+HRESULT ToObject(const VARIANT& source, VARTYPE type, VARIANT& result)
+{
+    if (!IsObject(source.vt))
+        return DISP_E_TYPEMISMATCH;
+    void* other = nullptr;
+    if (source.punkVal != nullptr)
+    {
+        const HRESULT found =
+            source.punkVal->QueryInterface(type == VT_DISPATCH ? IID_IDispatch : IID_IUnknown, &other);
+        if (FAILED(found))
+            return found;
+    }
+    result.punkVal = static_cast<IUnknown*>(other);
+    result.vt = type;
+    return S_OK;
+}
+
+HRESULT Converted(const VARIANT& source, LCID locale, USHORT flags, VARTYPE type, VARIANT& result);
+
+/// The conversion of the value that an object gives of itself.
+HRESULT FromObject(IDispatch* object, LCID locale, USHORT flags, VARTYPE type, VARIANT& result)
+{
+    if (object == nullptr)
+        return DISP_E_BADVARTYPE;
+    if ((flags & VARIANT_NOVALUEPROP) != 0)
+        return DISP_E_TYPEMISMATCH;
+    VARIANT value{};
+    DISPPARAMS noArguments{};
+    if (FAILED(object->Invoke(DISPID_VALUE, IID_NULL, locale, DISPATCH_PROPERTYGET, &noArguments, &value, nullptr,
+                              nullptr)))
+        return DISP_E_TYPEMISMATCH;
+    // An object whose value is an object is not asked further.
+    const std::optional<VARIANT> referenced = IsValueType(value.vt) ? Dereferenced(value) : std::nullopt;
+    const HRESULT converted =
+        referenced ? Converted(*referenced, locale, flags | VARIANT_NOVALUEPROP, type, result) : DISP_E_TYPEMISMATCH;
+    ::VariantClear(&value);
+    return converted;
+}
+
+/// Nothing and null of anything but null, errors and arrays.
+HRESULT ToNothing(const VARIANT& source, USHORT flags, VARTYPE type, VARIANT& result)
+{
+    const bool keepsValue = source.vt == VT_DISPATCH && (flags & VARIANT_NOVALUEPROP) != 0;
+    if (source.vt == VT_NULL || source.vt == VT_ERROR || (source.vt & VT_ARRAY) != 0 || keepsValue)
+        return DISP_E_TYPEMISMATCH;
+    result.vt = type;
+    return S_OK;
+}
+
+/// Makes a result of its own from a value that is no reference.
+HRESULT Converted(const VARIANT& source, LCID locale, USHORT flags, VARTYPE type, VARIANT& result)
+{
+    if (source.vt == VT_BSTR && type == VT_BSTR)
+        return CopyText(source.bstrVal, result);
+    if (source.vt == type && type != VT_VARIANT)
+        return ::VariantCopy(&result, &source);
+    if (AreIntegersOfOneWidth(source.vt, type))
+    {
+        result = source;
+        result.vt = type;
+        return S_OK;
+    }
+    switch (type)
+    {
+    case VT_EMPTY:
+    case VT_NULL:
+        return ToNothing(source, flags, type, result);
+    case VT_UNKNOWN:
+    case VT_DISPATCH:
+        return ToObject(source, type, result);
+    case c_bytes:
+        return source.vt == VT_BSTR ? TextToBytes(source.bstrVal, result) : DISP_E_TYPEMISMATCH;
+    case VT_ERROR:
+    case VT_VARIANT:
+        return DISP_E_TYPEMISMATCH;
+    default:
+        break;
+    }
+    if ((type & VT_ARRAY) != 0)
+        return DISP_E_TYPEMISMATCH;
+    if (source.vt == VT_DISPATCH)
+        return FromObject(source.pdispVal, locale, flags, type, result);
+    return type == VT_BSTR ? ToText(source, flags, result) : ToNumber(source, type, result);
+}
+
+/// Puts a result in the place of the destination's old value.
+HRESULT HandOver(VARIANT& result, VARIANT& destination)
+{
+    if (::VariantClear(&destination) == DISP_E_ARRAYISLOCKED)
+    {
+        ::VariantClear(&result);
+        return DISP_E_ARRAYISLOCKED;
+    }
+    destination = result;
+    return S_OK;
+}
+
+}  // namespace
+
+HRESULT VariantChangeType(VARIANTARG* destination, const VARIANTARG* source, USHORT flags, VARTYPE type)
+{
+    constexpr LCID userDefault = 0x0400;
+    return ::VariantChangeTypeEx(destination, source, userDefault, flags, type);
+}
+
+HRESULT VariantChangeTypeEx(VARIANTARG* destination, const VARIANTARG* source, LCID locale, USHORT flags, VARTYPE type)
+{
+    if (destination == nullptr || source == nullptr)
+        return E_INVALIDARG;
+    if (!IsValueType(source->vt) || !IsValueType(type))
+        return DISP_E_BADVARTYPE;
+    const std::optional<VARIANT> value = Dereferenced(*source);
+    if (!value)
+        return E_INVALIDARG;
+    if ((type & VT_BYREF) != 0)
+        return DISP_E_TYPEMISMATCH;
+
+    VARIANT result{};
+    const HRESULT converted = Converted(*value, locale, flags, type, result);
+    return FAILED(converted) ? converted : HandOver(result, *destination);
+}
