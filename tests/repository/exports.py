@@ -50,21 +50,29 @@ class Declarations:
 
     CLASS = re.compile(r"\b(?:class|struct)\s+VETOOLS_API\s+(\w+)(?:\s+final)?\s*(?::[^{;]*)?\{")
     FUNCTION = re.compile(r"\bVETOOLS_API\s+(?!\w+\s*\{)[\w:<>,*&\s]*?(operator\s*[^\s(\w]+|\b\w+)\s*\(")
+    NAMESPACE = re.compile(r"\bnamespace\s+(\w+)\s*\{")
     OBJECT = re.compile(r"\bVETOOLS_API\s+(?:extern\s+)?(?:const\s+)?[\w:*&\s]+?\b(\w+)(?:\[[^;(]*\])*;")
 
     def __init__(self, headers):
         self.text = ""
         self.classes = {}
         self.functions = {}
+        self.namespaces = set()
         for header in headers:
             text = without_comments(Path(header).read_text(encoding="utf-8"))
             # Neither the definition of the mark nor the body of a macro declares anything.
             text = re.sub(r"^[ \t]*#(?:\\\n|[^\n])*", "", text, flags=re.MULTILINE)
             self.text += text
+            self.namespaces.update(self.NAMESPACE.findall(text))
             self.classes.update((name, header) for name in self.CLASS.findall(text))
             rest = self.CLASS.sub("", text)
             for name in self.FUNCTION.findall(rest) + self.OBJECT.findall(rest):
                 self.functions[re.sub(r"\s+", "", name)] = header
+
+    def owner_of(self, qualified):
+        """CString::Find -> CString; a name in a namespace without that, as it is declared there."""
+        first, _, rest = qualified.partition("::")
+        return self.owner_of(rest) if first in self.namespaces else first
 
     def is_inline(self, qualified):
         """Whether a member has its body in a header, or is one that the compiler makes: not every build exports those."""
@@ -81,15 +89,11 @@ def qualified_name(symbol):
     return match.group(0).strip() if match else symbol
 
 
-def owner_of(qualified):
-    return qualified.split("::", 1)[0]
-
-
 def check(names, declared):
     problems = []
-    seen = {owner_of(qualified_name(name)) for name in names}
+    seen = {declared.owner_of(qualified_name(name)) for name in names}
     for name in names:
-        owner = owner_of(qualified_name(name))
+        owner = declared.owner_of(qualified_name(name))
         if owner not in declared.classes and re.sub(r"\s+", "", owner) not in declared.functions:
             problems.append(f"exported, but no public header declares it: {name}")
     for name, header in {**declared.classes, **declared.functions}.items():
@@ -112,7 +116,8 @@ def compare(native_names, windows_names, declared):
     problems = []
     native, windows = overloads(native_names), overloads(windows_names)
     for name in sorted(native.keys() | windows.keys()):
-        header = declared.classes.get(owner_of(name)) or declared.functions.get(re.sub(r"\s+", "", name), "")
+        owner = declared.owner_of(name)
+        header = declared.classes.get(owner) or declared.functions.get(re.sub(r"\s+", "", owner), "")
         if "/posix/" in header or declared.is_inline(name):
             continue
         if len(native[name]) != len(windows[name]):
