@@ -1,5 +1,5 @@
 # `cmake --install`: headers, the library (on Windows with its import library and the C++ run-time library), the CMake package
-# VeTools, vetools.pc. The command installs itself.
+# VeTools with the function that makes string modules, vetools.pc. The command installs itself.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -28,6 +28,8 @@ configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/VeToolsConfig.cmake.i
     "${PROJECT_BINARY_DIR}/VeToolsConfig.cmake" INSTALL_DESTINATION "${VETOOLS_PACKAGE_DIR}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/VeToolsConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/VeToolsConfig.cmake" "${PROJECT_BINARY_DIR}/VeToolsConfigVersion.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/VeToolsStringModule.cmake" "${PROJECT_SOURCE_DIR}/cmake/StringModule.cpp.in"
+    "${PROJECT_SOURCE_DIR}/cmake/StringModule.rc.in"
     DESTINATION "${VETOOLS_PACKAGE_DIR}")
 
 # vetools.pc finds its prefix from where it lies: lib/pkgconfig -> ../..

@@ -476,6 +476,9 @@ bool CString::LoadText(UINT id)
 
 bool CString::LoadText(HINSTANCE module, UINT id)
 {
+    // The system takes an id that no string table can hold for another one.
+    if (id > 0xFFFF)
+        return false;
     // With a size of 0 the system gives a pointer to the resource itself, which has no terminator.
     const wchar_t* text = nullptr;
     const int length = ::LoadStringW(module, id, reinterpret_cast<LPWSTR>(&text), 0);

@@ -32,6 +32,16 @@ void AfxSetResourceHandle(HINSTANCE module) noexcept
         ProcessResourceModule().store(module);
 }
 
+HINSTANCE AfxLoadLibrary(const wchar_t* name)
+{
+    return ::LoadLibraryW(name);
+}
+
+BOOL AfxFreeLibrary(HINSTANCE module)
+{
+    return ::FreeLibrary(module);
+}
+
 HINSTANCE GetVeToolsModule() noexcept
 {
     return LibraryModule();

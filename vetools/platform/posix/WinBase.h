@@ -5,6 +5,7 @@
 #include "vetools/platform/Export.h"
 #include "vetools/platform/posix/WinErrors.h"
 #include "vetools/platform/posix/WinFiles.h"
+#include "vetools/platform/posix/WinModules.h"
 #include "vetools/platform/posix/WinOle.h"
 #include "vetools/platform/posix/WinTime.h"
 #include "vetools/platform/posix/WinTypes.h"
@@ -73,15 +74,6 @@ constexpr int CSTR_GREATER_THAN = 3;
 /// Returns CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 with ERROR_INVALID_PARAMETER for a null text, with
 /// ERROR_INVALID_FLAGS for flags other than NORM_IGNORECASE. `locale` is not read.
 VETOOLS_API int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right, int rightLength);
-
-// Modules
-
-/// The text of an entry of a module's string table. Copies up to bufferSize - 1 characters with a terminator and
-/// returns how many characters it copied. With bufferSize 0, `buffer` is a `LPCWSTR*` that receives a pointer to the
-/// read-only entry itself, which has no terminator, and the length of the entry is returned. 0 when there is no such
-/// entry, the last error then being ERROR_RESOURCE_NAME_NOT_FOUND; the buffer holds an empty text then, unless its size
-/// is 0, where a null pointer is stored.
-VETOOLS_API int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int bufferSize);
 
 // Debugger output
 

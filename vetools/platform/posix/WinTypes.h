@@ -34,7 +34,7 @@ typedef wchar_t* LPWSTR;
 typedef const wchar_t* LPCWSTR;
 typedef char* LPSTR;
 typedef const char* LPCSTR;
-typedef const struct VeModuleRecord* HINSTANCE;
+typedef struct HINSTANCE__* HINSTANCE;
 typedef HINSTANCE HMODULE;
 typedef DWORD LCID;
 
