@@ -49,6 +49,6 @@ public:
     /// locale  read on Windows; elsewhere the text is that of the United States
     CString Format(DWORD flags = 0, LCID locale = LOCALE_USER_DEFAULT) const;
 
-    CURRENCY m_cur;           ///< in ten-thousandths
+    CURRENCY m_cur;  ///< in ten-thousandths
     CurrencyStatus m_status;
 };

@@ -44,9 +44,9 @@ public:
 
     /// A field; -1 unless the date is valid.
     int GetYear() const noexcept;
-    int GetMonth() const noexcept;      ///< 1 to 12
-    int GetDay() const noexcept;        ///< 1 to 31
-    int GetHour() const noexcept;       ///< 0 to 23
+    int GetMonth() const noexcept;  ///< 1 to 12
+    int GetDay() const noexcept;    ///< 1 to 31
+    int GetHour() const noexcept;   ///< 0 to 23
     int GetMinute() const noexcept;
     int GetSecond() const noexcept;
     int GetDayOfWeek() const noexcept;  ///< 1 for Sunday to 7
