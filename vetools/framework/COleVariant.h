@@ -7,7 +7,7 @@
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 
-typedef const VARIANT* LPCVARIANT;
+using LPCVARIANT = const VARIANT*;
 
 /// A VARIANT that owns its value: copied with it, freed with it. It is a VARIANT, with no further members, and stands
 /// wherever one is asked for; its own members may be set directly.
@@ -64,8 +64,8 @@ public:
     /// Frees the value; VT_EMPTY afterwards. Throws for an array that somebody has locked, and for a type that no value has.
     void Clear();
 
-    /// Converts `source`, or with null this value itself, to `type`, in the language of the user. Throws DISP_E_TYPEMISMATCH,
-    /// DISP_E_OVERFLOW and the like; this value stays then.
+    /// Converts `source`, or with null this value itself, to `type`: in the language of the user on Windows, in that of the
+    /// United States elsewhere. Throws DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW and the like; this value stays then.
     void ChangeType(VARTYPE type, LPVARIANT source = nullptr);
 
     /// Frees the value and takes over another one, which is VT_EMPTY afterwards.

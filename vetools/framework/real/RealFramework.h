@@ -4,6 +4,7 @@
 // carry the framework's names come down to this one.
 #include <afxwin.h>
 
+#include <afxdb.h>
 #include <afxole.h>
 
 #include "vetools/platform/Export.h"
