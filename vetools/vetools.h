@@ -38,6 +38,7 @@
 #include "vetools/util/StringTokenizer.h"
 #include "vetools/util/VariantByteArray.h"
 #include "vetools/util/VeDate.h"
+#include "vetools/util/VeDirectory.h"
 #include "vetools/util/VeException.h"
 #include "vetools/util/VeString.h"
 #include "vetools/util/VeVariant.h"

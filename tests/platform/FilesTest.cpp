@@ -1,12 +1,12 @@
 #include <functional>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/FileTestSupport.h"
+#include "tests/support/SystemCallSupport.h"
 #include "vetools/platform/Platform.h"
 
 // What the system and its stand-in both answer about files. Every call is made with a last error that means nothing, and
@@ -15,37 +15,7 @@
 namespace
 {
 
-constexpr DWORD c_sentinel = 0xDEADBEEF;
 constexpr DWORD c_shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-struct Outcome
-{
-    bool succeeded;
-    DWORD error;
-    bool operator==(const Outcome&) const = default;
-};
-
-void PrintTo(const Outcome& outcome, std::ostream* out)
-{
-    *out << (outcome.succeeded ? "success" : "failure") << ", last error " << outcome.error;
-}
-
-constexpr Outcome c_done{true, c_sentinel};
-
-constexpr Outcome Failed(DWORD error)
-{
-    return {false, error};
-}
-
-/// What a call gives that leaves the last error alone when it succeeds.
-template <typename Call>
-Outcome OutcomeOf(Call call)
-{
-    ::SetLastError(c_sentinel);
-    const bool succeeded = call();
-    const DWORD error = ::GetLastError();
-    return {succeeded, succeeded ? c_sentinel : error};
-}
 
 /// An open file, closed at the end.
 class Handle

@@ -5,34 +5,27 @@
 
 #include <unicode/utf8.h>
 
+#include "vetools/platform/WindowsPath.h"
 #include "vetools/platform/posix/WinBase.h"
 
 namespace
 {
 
-constexpr std::wstring_view c_extendedPrefix = L"\\\\?\\";
-constexpr std::wstring_view c_extendedUncPrefix = L"\\\\?\\UNC\\";
-
-/// Added to a byte from 0x80 that is no part of a character, to make a lone surrogate of it.
+/// Added to a byte that is no character of a name on both systems, to make a lone surrogate of it.
 constexpr wchar_t c_escape = 0xDC00;
 
-bool IsEscapedByte(wchar_t character)
+bool IsEscaped(wchar_t character)
 {
-    return character >= c_escape + 0x80 && character <= c_escape + 0xFF;
+    return character == c_escape + L'\\' || (character >= c_escape + 0x80 && character <= c_escape + 0xFF);
 }
 
-std::string EncodedPath(std::wstring_view path)
+/// The text up to the first escaped byte, taken off.
+std::string TakeText(std::wstring_view& path)
 {
-    std::string native;
-    while (!path.empty())
-    {
-        const auto* const textEnd = std::find_if(path.begin(), path.end(), IsEscapedByte);
-        const auto textLength = static_cast<std::size_t>(textEnd - path.begin());
-        native += Utf8Text(path.substr(0, textLength));
-        path.remove_prefix(textLength);
-        for (; !path.empty() && IsEscapedByte(path.front()); path.remove_prefix(1))
-            native += static_cast<char>(path.front() - c_escape);
-    }
+    const auto length = static_cast<std::size_t>(std::find_if(path.begin(), path.end(), IsEscaped) - path.begin());
+    std::string native = Utf8Text(path.substr(0, length));
+    std::replace(native.begin(), native.end(), '\\', '/');
+    path.remove_prefix(length);
     return native;
 }
 
@@ -41,17 +34,21 @@ std::string EncodedPath(std::wstring_view path)
 std::string NativePath(std::wstring_view path)
 {
     std::string native;
-    if (path.starts_with(c_extendedUncPrefix))
+    if (HasExtendedUncPrefix(path))
     {
         path.remove_prefix(c_extendedUncPrefix.size());
         native = "//";
     }
-    else if (path.starts_with(c_extendedPrefix))
-    {
+    else if (HasExtendedPrefix(path))
         path.remove_prefix(c_extendedPrefix.size());
+
+    native += TakeText(path);
+    while (!path.empty())
+    {
+        native += static_cast<char>(path.front() - c_escape);
+        path.remove_prefix(1);
+        native += TakeText(path);
     }
-    native += EncodedPath(path);
-    std::replace(native.begin(), native.end(), '\\', '/');
     return native;
 }
 
@@ -77,7 +74,7 @@ std::wstring WidePath(std::string_view path)
         const std::int64_t begin = i;
         UChar32 character;
         U8_NEXT(path.data(), i, size, character);
-        if (character >= 0)
+        if (character >= 0 && character != '\\')
         {
             wide += static_cast<wchar_t>(character);
             continue;

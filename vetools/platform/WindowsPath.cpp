@@ -1,0 +1,68 @@
+#include "vetools/platform/WindowsPath.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::wstring_view c_uncBeginning = L"\\\\";
+constexpr wchar_t c_driveMark = L':';
+
+/// Where the last component begins.
+std::size_t NamePosition(std::wstring_view path)
+{
+    return path.find_last_of(L"\\/") + 1;  // 0 where there is no separator
+}
+
+wchar_t UpperAscii(wchar_t character)
+{
+    return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A') : character;
+}
+
+}  // namespace
+
+bool HasExtendedPrefix(std::wstring_view path)
+{
+    return path.starts_with(c_extendedPrefix);
+}
+
+bool HasExtendedUncPrefix(std::wstring_view path)
+{
+    return path.size() >= c_extendedUncPrefix.size() &&
+           std::equal(c_extendedUncPrefix.begin(), c_extendedUncPrefix.end(), path.begin(),
+                      [](wchar_t expected, wchar_t character) { return expected == UpperAscii(character); });
+}
+
+bool IsUncPath(std::wstring_view path)
+{
+    return HasExtendedPrefix(path) ? HasExtendedUncPrefix(path) : path.starts_with(c_uncBeginning);
+}
+
+std::wstring ExtendedPath(std::wstring_view path)
+{
+    if (HasExtendedPrefix(path))
+        return std::wstring(path);
+    if (!IsUncPath(path))
+        return std::wstring(c_extendedPrefix).append(path);
+    path.remove_prefix(std::min(path.find_first_not_of(L'\\'), path.size()));
+    return std::wstring(c_extendedUncPrefix).append(path);
+}
+
+std::wstring_view FolderPart(std::wstring_view path)
+{
+    return path.substr(0, NamePosition(path));
+}
+
+std::wstring_view LastComponent(std::wstring_view path)
+{
+    return path.substr(NamePosition(path));
+}
+
+FileNameParts SplitFileName(std::wstring_view path)
+{
+    if (path.size() > 1 && path[1] == c_driveMark)
+        path.remove_prefix(2);
+    const std::wstring_view name = LastComponent(path);
+    const std::size_t point = std::min(name.rfind(L'.'), name.size());
+    return {name.substr(0, point), name.substr(point)};
+}
