@@ -81,6 +81,17 @@ bool ByteStream::ReadLine(std::string& line)
     return any;
 }
 
+ByteStream OpenByteStream(const std::string& path, std::function<void(std::uint64_t)> beforeRead)
+{
+    if (path == "-")
+        return ByteStream(System::InputFile::StandardInput(), "standard input", std::move(beforeRead));
+    std::string problem;
+    std::optional<System::InputFile> file = System::InputFile::Open(path, problem);
+    if (!file)
+        throw UsageError(path + " cannot be opened: " + problem);
+    return ByteStream(std::move(*file), path, std::move(beforeRead));
+}
+
 void AppendBounded(std::string& out, std::string_view text)
 {
     out.append(text.substr(0, ByteStream::c_longestText - std::min(out.size(), ByteStream::c_longestText)));

@@ -27,6 +27,7 @@ public:
     bool ReadLine(std::string& line);
 
     const System::InputFile& File() const { return m_file; }
+    const std::string& Name() const { return m_name; }
 
     /// Texts longer than this are cut, so that input without line ends takes no memory out of proportion.
     static constexpr std::size_t c_longestText = 1 << 20;
@@ -44,6 +45,9 @@ private:
     std::uint64_t m_total = 0;
     bool m_started = false;
 };
+
+/// A file, or standard input for "-". Throws UsageError when it cannot be opened.
+ByteStream OpenByteStream(const std::string& path, std::function<void(std::uint64_t)> beforeRead);
 
 /// Appends as much of the text as c_longestText leaves room for.
 void AppendBounded(std::string& out, std::string_view text);

@@ -15,8 +15,10 @@ struct Command
     std::function<int()> run;
 };
 
+Command MakeBuildInfoCommand(CLI::App& program);
 Command MakeConvertCommand(CLI::App& program);
 Command MakeFormatCommand(CLI::App& program);
+Command MakeLogCommand(CLI::App& program);
 Command MakeParseCommand(CLI::App& program);
 Command MakeRecogniseCommand(CLI::App& program);
 Command MakeStyleCommand(CLI::App& program);

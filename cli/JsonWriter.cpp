@@ -15,13 +15,15 @@ void AppendEscaped(std::string& out, std::string_view text)
         if (character == '"' || character == '\\')
             out.push_back('\\');
         if (byte >= 0x20)
-        {
             out.push_back(character);
-            continue;
+        else if (character == '\n')
+            out.append("\\n");
+        else
+        {
+            out.append("\\u00");
+            out.push_back(c_hexDigits[byte >> 4]);
+            out.push_back(c_hexDigits[byte & 0xF]);
         }
-        out.append("\\u00");
-        out.push_back(c_hexDigits[byte >> 4]);
-        out.push_back(c_hexDigits[byte & 0xF]);
     }
 }
 

@@ -23,8 +23,9 @@ std::string BarText(std::uint64_t done, std::uint64_t whole)
 
 }  // namespace
 
-Progress::Progress(std::optional<std::uint64_t> inputSize, bool wanted)
+Progress::Progress(std::optional<std::uint64_t> inputSize, bool wanted, const char* what)
     : m_inputSize(inputSize)
+    , m_what(what)
     , m_enabled(wanted && System::IsTerminal(System::Stream::Error))
     , m_nextDrawing(Clock::now() + c_patience)
 {
@@ -35,7 +36,7 @@ Progress::~Progress()
     Hide();
 }
 
-void Progress::Update(std::uint64_t bytes, std::uint64_t values)
+void Progress::Update(std::uint64_t bytes, std::uint64_t count)
 {
     if (!m_enabled)
         return;
@@ -47,7 +48,7 @@ void Progress::Update(std::uint64_t bytes, std::uint64_t values)
     std::string line = "\r";
     if (m_inputSize)
         line += BarText(bytes, *m_inputSize);
-    line += std::to_string(values) + " values ";
+    line += std::to_string(count) + " " + m_what + " ";
     System::Write(System::Stream::Error, line);
 }
 

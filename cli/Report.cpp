@@ -34,7 +34,7 @@ public:
     void ShowProgress(const System::InputFile& file)
     {
         m_showsOutput = System::IsTerminal(System::Stream::Output);
-        m_progress.emplace(file.Size(), !file.IsTerminal());
+        m_progress.emplace(file.Size(), !file.IsTerminal(), "values");
     }
 
     void Blank(const ValueText& value)

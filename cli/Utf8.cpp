@@ -1,5 +1,6 @@
 #include "cli/Utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace
@@ -180,6 +181,9 @@ std::string RepairUtf8(std::string_view text)
 {
     std::string out;
     out.reserve(text.size());
+    const std::size_t valid = std::min(FindInvalidUtf8(text), text.size());
+    out.append(text.substr(0, valid));
+    text.remove_prefix(valid);
     while (!text.empty())
     {
         const Decoded decoded = DecodeFirst(text);
@@ -209,8 +213,6 @@ std::string ShowText(std::string_view text)
         while (end < shown.size() && (static_cast<unsigned char>(shown[end]) & 0xC0u) == 0x80u);
     const bool isCut = end < shown.size() || text.size() > c_mostBytes;
     shown.resize(end);
-    for (char& character : shown)
-        if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F)
-            character = '?';
+    std::replace_if(shown.begin(), shown.end(), IsControl, '?');
     return isCut ? shown + "…" : shown;
 }

@@ -23,5 +23,11 @@ std::string RepairUtf8(std::string_view text);
 /// Number of code points of well-formed text: the columns it takes, for the letters and marks that units are written in.
 std::size_t CountCodePoints(std::string_view text);
 
+/// Whether a byte is a control character, which terminals obey.
+constexpr bool IsControl(char character)
+{
+    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+}
+
 /// A text as messages and tables show it: well-formed, cut when it is long, without control characters.
 std::string ShowText(std::string_view text);

@@ -119,17 +119,6 @@ private:
     std::string m_missing;
 };
 
-ByteStream OpenStream(const std::string& path, std::function<void(std::uint64_t)> beforeRead)
-{
-    if (path == "-")
-        return ByteStream(System::InputFile::StandardInput(), "standard input", std::move(beforeRead));
-    std::string problem;
-    std::optional<System::InputFile> file = System::InputFile::Open(path, problem);
-    if (!file)
-        throw UsageError(path + " cannot be opened: " + problem);
-    return ByteStream(std::move(*file), path, std::move(beforeRead));
-}
-
 char ReadDelimiter(const std::string& text)
 {
     if (text == "tab" || text == "\\t")
@@ -170,10 +159,10 @@ std::unique_ptr<ValueSource> OpenValues(std::vector<std::string> arguments, cons
     {
         if (!arguments.empty())
             throw UsageError("“" + arguments.front() + "”: the values come from --csv, no other is expected");
-        return std::make_unique<ColumnValues>(OpenStream(settings.csvFile, std::move(beforeRead)), settings);
+        return std::make_unique<ColumnValues>(OpenByteStream(settings.csvFile, std::move(beforeRead)), settings);
     }
     const bool fromInput = arguments.empty() || (arguments.size() == 1 && arguments.front() == "-");
     if (fromInput)
-        return std::make_unique<LineValues>(OpenStream("-", std::move(beforeRead)));
+        return std::make_unique<LineValues>(OpenByteStream("-", std::move(beforeRead)));
     return std::make_unique<ArgumentValues>(std::move(arguments));
 }

@@ -22,6 +22,7 @@ constexpr const char* c_help = R"(Examples:
   vetools recognise kN/m2 "''2"
   vetools style new site.vus
   vetools convert kN lb --csv loads.csv --column Load
+  vetools log Log.log --errors
 
 "vetools convert --help" and so on teach each command by examples.
 Exit code: 0 done, 1 some value failed (the others are written), 2 wrong usage.)";
@@ -57,7 +58,9 @@ int RefuseUsage(const CLI::App& program, const std::string& problem)
 
 int Run(std::vector<std::string> arguments)
 {
-    CLI::App program("Units of measure: converts values, writes them as text and reads them back.", "vetools");
+    CLI::App program(
+        "Units of measure: converts values, writes them as text and reads them back. And the logs of their hosts.",
+        "vetools");
     program.allow_windows_style_options(false);  // /" is a unit
     program.set_version_flag("--version", "vetools " VETOOLS_VERSION, "Print the version and exit");
     program.formatter(std::make_shared<HelpFormatter>());
@@ -65,7 +68,8 @@ int Run(std::vector<std::string> arguments)
     program.footer(c_help);
     const std::vector<Command> commands = {MakeConvertCommand(program),   MakeFormatCommand(program),
                                            MakeParseCommand(program),     MakeUnitsCommand(program),
-                                           MakeRecogniseCommand(program), MakeStyleCommand(program)};
+                                           MakeRecogniseCommand(program), MakeStyleCommand(program),
+                                           MakeLogCommand(program),       MakeBuildInfoCommand(program)};
     try
     {
         SpellNegativeNumbers(arguments);

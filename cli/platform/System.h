@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -38,13 +39,33 @@ WriteResult Write(Stream stream, std::string_view text);
 
 bool IsTerminal(Stream stream);
 
-/// A file or standard input, read from front to back. Closed with the object.
+/// UTF-8 of a text in the encoding of narrow text that the library writes: the ANSI code page on Windows, UTF-8
+/// elsewhere. What encodes nothing becomes U+FFFD.
+std::string FromNarrow(std::string_view text);
+
+/// What gives the library its encodings, languages and dates: "ICU 72.1", "code page 1252".
+std::string TextServices();
+
+/// What tells a file from every other one on this system.
+struct FileIdentity
+{
+    std::uint64_t volume = 0;
+    std::uint64_t file = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// Whether a file that is open here can be deleted by others and made anew at once. On Windows its name is taken until
+/// it is closed: whoever watches a file has it open only to read.
+extern const bool c_openFilesAreReplaceable;
+
+/// A file or standard input, read from front to back. Closed with the object. Others may read, write and delete it.
 class InputFile
 {
 public:
     static InputFile StandardInput();
 
-    /// Nothing when the file cannot be opened; `problem` then says why.
+    /// Nothing when the file cannot be opened or is a folder; `problem` then says why.
     static std::optional<InputFile> Open(const std::string& path, std::string& problem);
 
     InputFile(InputFile&& other) noexcept;
@@ -60,6 +81,11 @@ public:
 
     bool IsTerminal() const;
 
+    FileIdentity Identity() const;
+
+    /// The next Read begins at this byte of a regular file. False when it cannot.
+    bool Seek(std::uint64_t position);
+
 private:
     InputFile(std::intptr_t handle, bool owned)
         : m_handle(handle)
@@ -69,6 +95,26 @@ private:
 
     std::intptr_t m_handle;
     bool m_owned;
+};
+
+/// While it lives, Ctrl+C and the like, and a reader of standard output that leaves, do not end the program at once but
+/// are answered by Wait. One at a time.
+class Waiter
+{
+public:
+    enum class Answer
+    {
+        Elapsed,
+        Interrupted,
+        OutputClosed,
+    };
+
+    Waiter();
+    ~Waiter();
+    Waiter(const Waiter&) = delete;
+    Waiter& operator=(const Waiter&) = delete;
+
+    Answer Wait(std::chrono::milliseconds time);
 };
 
 }  // namespace System

@@ -6,9 +6,11 @@ Long outputs are files in golden/, which --update writes anew, to be reviewed as
 """
 
 import argparse
+import datetime
 import json
 import os
 import shlex
+import signal
 import subprocess
 import sys
 import tempfile
@@ -420,7 +422,7 @@ class Usage(CommandTest):
 
     def test_help_teaches_by_examples(self):
         self.golden("help.txt", "--help")
-        for command in ("convert", "format", "parse", "units", "recognise", "style"):
+        for command in ("convert", "format", "parse", "units", "recognise", "style", "log", "build-info"):
             self.golden(f"help-{command}.txt", command, "--help")
         for action in ("show", "new", "set", "diff", "check"):
             self.golden(f"help-style-{action}.txt", "style", action, "--help")
@@ -429,12 +431,14 @@ class Usage(CommandTest):
         folder = new_folder()
         for name, options in (("site.vus", ()), ("defaults.vus", ("--defaults",)), ("old.vus", ())):
             run("style", "new", name, *options, folder=folder)
+        Path(folder, "Log.log").write_bytes(LogTest.PROCESS_LOG)
+        Path(folder, "VeDesignLog.log").write_bytes(LogTest.DESIGN_LOG)
         for page in sorted(GOLDEN.glob("help*.txt")):
             for line in page.read_text(encoding="utf-8").splitlines():
                 if not line.startswith("  vetools "):
                     continue
                 arguments = shlex.split(line, comments=True)[1:]
-                if "<" in arguments or "--csv" in arguments:
+                if "<" in arguments or "--csv" in arguments or "-f" in arguments:
                     continue
                 with self.subTest(line):
                     code, _, errors = run(*arguments, folder=folder)
@@ -780,6 +784,298 @@ class StyleChecks(StyleTest):
         whole[self.byte_of(4, "range")] = ord("x")
         self.write("damaged.vus", whole[:19000])
         self.golden("style-check.txt", "style", "check", "site.vus", "damaged.vus", code=SOME_FAILED, folder=self.folder)
+
+
+class LogTest(CommandTest):
+    """Logs of both kinds, as the library writes them and as they may be found."""
+
+    PROCESS_LOG = (
+        b"PID:4312 Log started\n"
+        b"PID:4312 Monday, January 18, 2021, 14:05:09, PID = 4312 QM2020.0.0\n"
+        b"PID:4312 14:05:09 Message : 12 beams read from frame.vem\n"
+        b"PID:77 14:05:10 Message : PID:5 has ended, PID: is no number\n"
+        b"PID:4312 veutilitiescommon(198)14:05:11 Error : error (112) writing in file\nsecond line\r\n  third\n"
+        b"PID:4312 C:\\My Files\\reader.cpp(12) Exception : thrown\n"
+        b"PID:4312 14:05:12 Message : PID:77 14:05:12 Exception Message : behind an empty message\n"
+        b"PID:4312  Comment : without time\n"
+        b"PID:4312 14:05:13without level\n"
+        b"PID:4312 without level and time\n"
+        b"PID:77 23:59:59 Warning : late\n"
+        b"PID:77 00:00:01 Warning : early\n"
+        b"PID:4312 Tuesday, January 19, 2021, 00:00:02, PID = 4312, Entries = 5, Errors = 2 \n"
+        b"PID:4312 Log ended\n"
+    )
+    DESIGN_LOG = (
+        b"\nMonday, January 18, 2021 14:05:09 [INFORMATION] : opened"
+        b"\nMonday, January 18, 2021 14:05:10 [DEBUG]       : x [ERROR] : y"
+        b"\na line of its own"
+        b"\n"
+        b"\nTuesday, January 19, 2021 00:05:09 [EXCEPTION]   : thrown"
+        b"\nTuesday, January 19, 2021 00:05:09 [ERROR]       : no beams"
+    )
+
+    def setUp(self):
+        self.folder = new_folder()
+        self.write("Log.log", self.PROCESS_LOG)
+        self.write("VeDesignLog.log", self.DESIGN_LOG)
+
+    def write(self, name, content):
+        Path(self.folder, name).write_bytes(content)
+
+    def log(self, *arguments, given=b"", code=DONE):
+        actual_code, output, errors = run("log", *arguments, given=given, folder=self.folder)
+        self.assertEqual(actual_code, code, (arguments, output[:1000], errors))
+        if code == DONE:
+            self.assertEqual(errors, "", arguments)
+        return output.decode() if code == DONE else errors
+
+    def entries(self, *arguments, given=b""):
+        return [json.loads(line) for line in self.log(*arguments, "--json", given=given).splitlines()]
+
+    def messages(self, *arguments, given=b""):
+        return [entry["message"] for entry in self.entries(*arguments, given=given)]
+
+
+class Log(LogTest):
+    def test_both_kinds_are_shown_in_columns_or_as_json(self):
+        for name, file in (("process", "Log.log"), ("design", "VeDesignLog.log")):
+            self.golden(f"log-{name}.txt", "log", file, folder=self.folder)
+            self.golden(f"log-{name}.json", "log", file, "--json", folder=self.folder)
+            self.golden(f"log-{name}-count.txt", "log", file, "--count", "--errors", folder=self.folder)
+
+    def test_the_log_may_come_from_standard_input(self):
+        self.assertEqual(self.log("-", given=self.PROCESS_LOG), self.log("Log.log"))
+        self.assertEqual(self.log("-", "--count", given=self.DESIGN_LOG), self.log("VeDesignLog.log", "--count"))
+
+    def test_line_ends_of_windows_make_no_difference(self):
+        self.assertEqual(self.log("-", given=self.PROCESS_LOG.replace(b"\r", b"").replace(b"\n", b"\r\n")), self.log("Log.log"))
+        self.assertEqual(self.log("-", given=self.DESIGN_LOG.replace(b"\n", b"\r\n")), self.log("VeDesignLog.log"))
+
+    def test_levels_are_chosen_by_name_or_from_a_name_on(self):
+        for expected, file, *options in [
+            (["Error"], "Log.log", "--level", "error"),
+            (["Exception Message", "Comment"], "Log.log", "--level", "Comment,EXCEPTION MESSAGE"),
+            (["Exception Message", "Comment"], "Log.log", "-l", "comment", "-l", "exception-message"),
+            (["Error", "Exception", "Exception Message", "Comment"], "Log.log", "-l", "exceptionmessage+", "-l", "comment"),
+            (["Error", "Exception"], "Log.log", "--errors"),
+            (["EXCEPTION", "ERROR"], "VeDesignLog.log", "--level", "exception+"),
+            (["EXCEPTION", "ERROR"], "VeDesignLog.log", "-e"),
+            (["DEBUG"], "VeDesignLog.log", "--level", "debug,comment"),
+        ]:
+            with self.subTest(options):
+                self.assertEqual([entry["level"] for entry in self.entries(file, *options)], expected)
+
+    def test_a_level_that_the_log_has_not_is_refused(self):
+        self.assertIn("“fatal” is no level: expected Comment, Warning,", self.log("Log.log", "--level", "fatal", code=USAGE))
+        self.assertIn("no level “debug”: its levels are Comment, ", self.log("Log.log", "--level", "debug", code=USAGE))
+        self.assertIn("its levels are INFORMATION, ", self.log("VeDesignLog.log", "--level", "comment+", code=USAGE))
+
+    def test_processes_are_chosen_by_their_ids(self):
+        self.assertEqual({entry["pid"] for entry in self.entries("Log.log", "--pid", "77")}, {77})
+        self.assertEqual(len(self.entries("Log.log", "--pid", "77,4312")), 15)
+        self.assertEqual(self.log("Log.log", "--pid", "5"), "")
+        for bad in ("x", "-1", "", "1,x"):
+            self.assertIn("--pid", self.log("Log.log", "--pid", bad, code=USAGE))
+
+    def test_times_are_a_window_of_each_day_also_over_midnight(self):
+        def times(*options):
+            return [entry["time"] for entry in self.entries("Log.log", *options)]
+        self.assertEqual(times("--since", "14:05:10", "--until", "14:05:11"), ["14:05:10", "14:05:11"])
+        self.assertEqual(times("--since", "14:05:13"), ["14:05:13", "23:59:59"])
+        self.assertEqual(times("--until", "00:00:01"), ["00:00:01"])
+        self.assertEqual(times("--since", "23:00:00", "--until", "00:00:02"), ["23:59:59", "00:00:01", "00:00:02"])
+        for bad in ("24:00:00", "12:60:00", "1:02:03", "12:00", "noon", ""):
+            self.assertIn("expected a time such as 14:05:09", self.log("Log.log", "--since", bad, code=USAGE))
+
+    def test_the_last_entries_are_those_of_the_selected_ones(self):
+        self.assertEqual(self.messages("Log.log", "-n", "1"), ["Log ended"])
+        self.assertEqual(self.messages("Log.log", "-n", "2", "--level", "warning"), ["late", "early"])
+        self.assertEqual(self.messages("Log.log", "-n", "1000", "--level", "warning"), ["late", "early"])
+        self.assertEqual(self.messages("Log.log", "-n", "0"), [])
+        self.assertIn("--last", self.log("Log.log", "-n", "-1", code=USAGE))
+
+    def test_counts_are_of_all_entries_and_of_the_selected_ones(self):
+        rows = self.entries("Log.log", "--count", "--pid", "77")
+        self.assertEqual([(row.get("level", row["kind"]), row["all"], row["selected"]) for row in rows],
+                         [("Comment", 1, 0), ("Warning", 2, 2), ("Message", 3, 1), ("Exception Message", 1, 1), ("Error", 1, 0),
+                          ("Exception", 1, 0), ("opened", 1, 0), ("closed", 1, 0), ("text", 4, 0)])
+        self.assertIn("--last", self.log("Log.log", "--count", "-n", "1", code=USAGE))
+
+    def test_the_kind_can_be_given(self):
+        self.assertEqual(len(self.entries("Log.log", "--kind", "design")), 16)
+        self.assertEqual(len(self.entries("VeDesignLog.log", "--kind", "process")), 1)
+        self.assertIn("--kind", self.log("Log.log", "--kind", "other", code=USAGE))
+
+    def test_what_is_no_log_is_named(self):
+        for content in (b"value,unit\n1,m\n", bytes(range(256)) * 300, b"x" * 1_000_000, b"\0" * 100_000, b"PID: 12 x", b"PID:12"):
+            with self.subTest(content[:20]):
+                self.assertIn("standard input does not begin as a log", self.log("-", given=content, code=SOME_FAILED))
+                for kind in ("process", "design"):
+                    self.log("-", "--kind", kind, given=content)
+
+    def test_files_that_are_not_there_or_empty(self):
+        self.assertIn("nope.log cannot be opened: No such file or directory", self.log("nope.log", code=USAGE))
+        self.assertIn(". cannot be opened: Is a directory", self.log(".", code=USAGE))
+        self.write("empty.log", b"")
+        self.assertEqual(self.log("empty.log"), "")
+        self.assertEqual(self.log("empty.log", "--count").splitlines()[-1].split(), ["total", "0", "0"])
+
+    def test_bytes_that_are_no_text_are_shown_as_such(self):
+        self.assertEqual(self.log("-", given=b"PID:1 10:00:00 Message : a\0b\x1b[31m\x7f\ttab\n").splitlines()[1],
+                         "10:00:00        1  Message            a?b?[31m?\ttab")
+        self.assertEqual(self.messages("-", given=b"PID:1 10:00:00 Message : a\0b\x1b\n"), ["a\0b\x1b"])
+        self.assertEqual(self.messages("-", given=b"\nx\xff\xc3 y"), ["x\ufffd\ufffd y"])
+
+    def test_texts_are_in_the_encoding_in_which_the_library_writes_them(self):
+        services = json.loads(run("build-info", "--json")[1])["textServices"]
+        encoding = services.replace("code page ", "cp") if "code page" in services else "utf-8"
+        text = "Träger"
+        self.assertEqual(self.messages("-", given=f"PID:1 10:00:00 Message : {text}\n".encode(encoding)), [text])
+        self.assertEqual(self.messages("-", given=f"\nMonday 10:00:00 [DEBUG]       : {text}".encode()), [text])
+
+    def test_a_torn_entry_at_the_end_and_one_without_beginning_are_shown(self):
+        self.assertEqual(self.entries("-", given=b"half of a line\nPID:1 10:00:00 Message : hal"), [
+            {"kind": "text", "line": 1, "message": "half of a line"},
+            {"kind": "entry", "line": 2, "pid": 1, "level": "Message", "time": "10:00:00", "message": "hal"}])
+
+    def test_long_and_many_entries_stream_through(self):
+        given = b"PID:1 10:00:00 Message : " + b"x" * 10_000_000 + b"\nPID:1 10:00:01 Message : y\n"
+        self.assertEqual([len(text) for text in self.messages("-", given=given)], [10_000_000, 1])
+        given = b"PID:1 10:00:00 Message : PID:2 a(1)10:00:00 Exception : " * 100_000
+        self.assertEqual(self.log("-", "--count", given=given).splitlines()[-1].split(), ["total", "200000", "200000"])
+
+    def test_an_unsuitable_request_is_refused(self):
+        self.assertIn("FILE", self.log(code=USAGE).replace("file", "FILE"))
+        self.assertIn("expected a file", self.log("-", "-f", code=USAGE))
+        self.assertIn("--errors", self.log("Log.log", "--errors", "--level", "error", code=USAGE))
+        self.assertIn("--follow", self.log("Log.log", "--count", "-f", code=USAGE))
+
+
+class LogFollow(LogTest):
+    def follow(self, *arguments):
+        program = subprocess.Popen([*PROGRAM, "log", "-f", *arguments, "--json"], cwd=self.folder, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.addCleanup(self.end, program)
+        return program
+
+    def end(self, program):
+        program.kill()
+        program.communicate()
+
+    def add(self, text, name="Log.log"):
+        with open(Path(self.folder, name), "ab") as file:
+            file.write(text)
+
+    def next_message(self, program):
+        return json.loads(program.stdout.readline())["message"]
+
+    def stop(self, program):
+        """Nobody reads on; the next entry is the latest occasion to notice."""
+        program.stdout.close()
+        deadline = time.monotonic() + 60
+        while program.poll() is None and time.monotonic() < deadline:
+            self.add(b"PID:1 10:00:00 Message : to nobody\n")
+            time.sleep(0.1)
+        self.assertEqual((program.poll(), program.stderr.read()), (DONE, b""))
+
+    def test_what_is_added_is_shown_when_it_is_whole(self):
+        program = self.follow("Log.log", "-n", "1")
+        self.assertEqual(self.next_message(program), "Log ended")
+        self.add(b"PID:1 10:00:00 Message : one\nPID:1 10:00:00 Message : tw")
+        self.assertEqual(self.next_message(program), "one")
+        time.sleep(0.5)
+        self.add(b"o\nPID:1 10:00:00 Message : three\nand more\n")
+        self.assertEqual(self.next_message(program), "two")
+        self.assertEqual(self.next_message(program), "three\nand more")
+        self.stop(program)
+
+    def test_text_behind_a_rest_goes_on_in_the_entry(self):
+        program = self.follow("Log.log", "-n", "0", "--pid", "1")
+        time.sleep(1.5)
+        self.add(b"PID:1 10:00:00 Error : one\n")
+        self.assertEqual(self.next_message(program), "one")
+        self.add(b"line\n")
+        self.assertEqual(json.loads(program.stdout.readline()), {"kind": "continued", "line": 18, "pid": 1, "level": "Error",
+                                                                 "time": "10:00:00", "message": "line"})
+        self.stop(program)
+
+    def test_design_logs_are_followed_too(self):
+        program = self.follow("VeDesignLog.log", "--level", "error")
+        self.assertEqual(self.next_message(program), "no beams")
+        self.add(b"\nMonday 10:00:00 [DEBUG]       : one\nMonday 10:00:00 [ERROR]       : two", "VeDesignLog.log")
+        self.assertEqual(self.next_message(program), "two")
+
+    def test_the_log_may_be_cut_deleted_and_made_anew(self):
+        path = Path(self.folder, "Log.log")
+        program = self.follow("Log.log", "-n", "1")
+        self.assertEqual(self.next_message(program), "Log ended")
+        for number, text in enumerate((b"cut", b"cut again, and longer than it was before", b"cut once more")):
+            path.write_bytes(b"PID:1 10:00:0%d Message : %s\n" % (number, text))
+            self.assertEqual(self.next_message(program), text.decode())
+        for text in (b"made anew", b"made anew"):
+            path.unlink()
+            time.sleep(0.5)
+            self.add(b"PID:1 10:00:09 Message : " + text + b"\n")
+            self.assertEqual(self.next_message(program), text.decode())
+        self.add(b"PID:1 10:00:09 Message : and on\n")
+        self.assertEqual(self.next_message(program), "and on")
+        self.stop(program)
+
+    def test_a_log_that_is_empty_at_first_is_followed(self):
+        self.write("Log.log", b"")
+        program = self.follow("Log.log")
+        time.sleep(0.5)
+        self.add(b"PID:1 10:00:00 Message : first\n")
+        self.assertEqual(self.next_message(program), "first")
+        self.stop(program)
+
+    def test_an_interruption_ends_it_well(self):
+        if len(PROGRAM) > 1:
+            return  # Wine hands no signals on
+        for number in (signal.SIGINT, signal.SIGTERM):
+            program = self.follow("Log.log", "-n", "1")
+            self.assertEqual(self.next_message(program), "Log ended")
+            program.send_signal(number)
+            self.assertEqual(program.wait(60), DONE)
+
+    def test_a_log_must_be_there_and_be_a_file(self):
+        self.assertIn("cannot be opened", self.log("-f", "nope.log", code=USAGE))
+        self.assertIn("Is a directory", self.log("-f", ".", code=USAGE))
+
+
+class BuildInfo(CommandTest):
+    FACTS = {
+        "version": r"\d+\.\d+\.\d+",
+        "build number": r"\d+",
+        "build date": r"[A-Z][a-z]{2} [ 1-3]\d 20\d\d",
+        "configuration": r"\w+",
+        "compiler": r"\w+ \d[\d.]*",
+        "standard library": r"\S+ \d+.*",
+        "target": r"(Linux|Windows) \w+",
+        "processor": r"\S+",
+        "framework": r"subset",
+        "sanitizers": r"\S+",
+        "text services": r"ICU [\d.]+|code page \d+",
+    }
+
+    def test_each_fact_of_the_build_stands_on_a_line(self):
+        code, output, errors = run("build-info")
+        self.assertEqual((code, errors), (DONE, ""))
+        lines = output.decode().splitlines()
+        self.assertEqual([line[:18].rstrip() for line in lines], list(self.FACTS))
+        for line, pattern in zip(lines, self.FACTS.values()):
+            self.assertRegex(line[18:], f"^({pattern})$", line)
+
+    def test_json_has_the_same_facts(self):
+        facts = json.loads(run("build-info", "--json")[1])
+        lines = [line[18:] for line in run("build-info")[1].decode().splitlines()]
+        self.assertEqual([str(fact) for fact in facts.values()], lines)
+
+    def test_the_build_number_is_that_of_the_date(self):
+        facts = json.loads(run("build-info", "--json")[1])
+        date = datetime.datetime.strptime(facts["buildDate"], "%b %d %Y")
+        self.assertEqual(facts["buildNumber"], (date - datetime.datetime(2009, 1, 1)).days)
+        self.assertEqual(run("--version")[1].decode(), f"vetools {facts['version']}\n")
 
 
 if __name__ == "__main__":

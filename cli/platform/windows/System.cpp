@@ -1,6 +1,7 @@
 #include "cli/platform/System.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <windows.h>
 
@@ -11,8 +12,17 @@
 namespace System
 {
 
+const bool c_openFilesAreReplaceable = false;
+
 namespace
 {
+
+HANDLE g_interrupted = nullptr;  // an event, while a Waiter lives
+
+BOOL WINAPI Interrupt(DWORD)
+{
+    return ::SetEvent(g_interrupted);
+}
 
 // One console write takes at most so many UTF-16 units; longer ones are known to fail on older consoles.
 constexpr std::size_t c_consoleBlock = 8192;
@@ -137,6 +147,21 @@ bool IsTerminal(Stream stream)
     return IsConsole(StreamHandle(stream));
 }
 
+std::string FromNarrow(std::string_view text)
+{
+    // A message longer than the system converts at once would be one of 2 GB.
+    const int size = static_cast<int>(std::min<std::size_t>(text.size(), std::numeric_limits<int>::max()));
+    const int length = ::MultiByteToWideChar(CP_ACP, 0, text.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(std::max(length, 0)), L'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), length);
+    return ToUtf8(wide);
+}
+
+std::string TextServices()
+{
+    return "code page " + std::to_string(::GetACP());
+}
+
 InputFile InputFile::StandardInput()
 {
     return InputFile(reinterpret_cast<std::intptr_t>(::GetStdHandle(STD_INPUT_HANDLE)), false);
@@ -144,11 +169,16 @@ InputFile InputFile::StandardInput()
 
 std::optional<InputFile> InputFile::Open(const std::string& path, std::string& problem)
 {
-    const HANDLE handle = ::CreateFileW(ToWideLossy(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                        nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    const std::wstring name = LongPath(ToWideLossy(path));
+    const HANDLE handle =
+        ::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                      OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (handle != INVALID_HANDLE_VALUE)
         return InputFile(reinterpret_cast<std::intptr_t>(handle), true);
-    problem = ErrorText(::GetLastError());
+    const DWORD error = ::GetLastError();
+    const DWORD attributes = ::GetFileAttributesW(name.c_str());
+    const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    problem = isFolder ? "Is a directory" : ErrorText(error);
     return std::nullopt;
 }
 
@@ -190,6 +220,46 @@ std::optional<std::uint64_t> InputFile::Size() const
 bool InputFile::IsTerminal() const
 {
     return IsConsole(FileHandle(m_handle));
+}
+
+FileIdentity InputFile::Identity() const
+{
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (!::GetFileInformationByHandle(FileHandle(m_handle), &information))
+        return {};
+    return {information.dwVolumeSerialNumber,
+            std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
+}
+
+bool InputFile::Seek(std::uint64_t position)
+{
+    LARGE_INTEGER distance = {};
+    distance.QuadPart = static_cast<LONGLONG>(position);
+    return ::SetFilePointerEx(FileHandle(m_handle), distance, nullptr, FILE_BEGIN) != 0;
+}
+
+Waiter::Waiter()
+{
+    g_interrupted = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    ::SetConsoleCtrlHandler(Interrupt, TRUE);
+}
+
+Waiter::~Waiter()
+{
+    ::SetConsoleCtrlHandler(Interrupt, FALSE);
+    ::CloseHandle(g_interrupted);
+}
+
+Waiter::Answer Waiter::Wait(std::chrono::milliseconds time)
+{
+    if (::WaitForSingleObject(g_interrupted, static_cast<DWORD>(time.count())) == WAIT_OBJECT_0)
+        return Answer::Interrupted;
+    const HANDLE output = StreamHandle(Stream::Output);
+    DWORD written = 0;
+    // A pipe whose reader has left does not even take nothing.
+    const bool isClosed = ::GetFileType(output) == FILE_TYPE_PIPE && !::WriteFile(output, "", 0, &written, nullptr) &&
+                          IsClosedPipe(::GetLastError());
+    return isClosed ? Answer::OutputClosed : Answer::Elapsed;
 }
 
 }  // namespace System
