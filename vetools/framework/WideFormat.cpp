@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <bit>
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <optional>
 #include <string_view>
 
+#include "vetools/framework/CException.h"
 #include "vetools/framework/NumberWriter.h"
 #include "vetools/platform/Platform.h"
 
@@ -147,48 +149,81 @@ public:
     const wchar_t* Position() const { return m_position; }
 
 private:
-    bool Consume(std::wstring_view text)
+    bool Consume(wchar_t character)
     {
-        const wchar_t* position = m_position;
-        for (const wchar_t character : text)
-        {
-            if (*position != character)
-                return false;
-            ++position;
-        }
-        m_position = position;
-        return true;
-    }
-
-    bool Set(bool& flag, std::wstring_view text)
-    {
-        const bool found = Consume(text);
-        flag = flag || found;
+        const bool found = *m_position == character;
+        m_position += found ? 1 : 0;
         return found;
     }
 
-    bool Set(ArgumentSize size, std::wstring_view text)
+    /// Two characters, or neither.
+    bool Consume(wchar_t first, wchar_t second)
     {
-        const bool found = Consume(text);
-        if (found)
-            m_conversion.size = size;
+        const bool found = m_position[0] == first && m_position[1] == second;
+        m_position += found ? 2 : 0;
         return found;
     }
 
     bool ConsumeFlag()
     {
-        Conversion& flags = m_conversion;
-        return Set(flags.left, L"-") || Set(flags.zeros, L"0") || Set(flags.plus, L"+") || Set(flags.blank, L" ") ||
-               Set(flags.alternate, L"#");
+        switch (*m_position)
+        {
+        case L'-':
+            m_conversion.left = true;
+            break;
+        case L'0':
+            m_conversion.zeros = true;
+            break;
+        case L'+':
+            m_conversion.plus = true;
+            break;
+        case L' ':
+            m_conversion.blank = true;
+            break;
+        case L'#':
+            m_conversion.alternate = true;
+            break;
+        default:
+            return false;
+        }
+        ++m_position;
+        return true;
     }
 
     bool ConsumeSize()
     {
-        return Set(ArgumentSize::Short, L"h") || Set(ArgumentSize::Wide64, L"ll") || Set(ArgumentSize::Long, L"l") ||
-               Set(ArgumentSize::Long, L"w") || Set(ArgumentSize::Standard, L"L") ||
-               Set(ArgumentSize::Wide64, L"I64") || Set(ArgumentSize::Standard, L"I32") ||
-               Set(ArgumentSize::Wide64, L"I") || Set(ArgumentSize::Wide64, L"z") || Set(ArgumentSize::Wide64, L"j") ||
-               Set(ArgumentSize::Wide64, L"t");
+        const std::optional<ArgumentSize> size = SizeOf(*m_position);
+        if (!size)
+            return false;
+        m_conversion.size = *size;
+        const wchar_t letter = *m_position++;
+        if (letter == L'l' && Consume(L'l'))
+            m_conversion.size = ArgumentSize::Wide64;
+        if (letter == L'I' && !Consume(L'6', L'4') && Consume(L'3', L'2'))
+            m_conversion.size = ArgumentSize::Standard;
+        return true;
+    }
+
+    /// What a letter says of the size, unless more follows it.
+    static std::optional<ArgumentSize> SizeOf(wchar_t letter)
+    {
+        switch (letter)
+        {
+        case L'h':
+            return ArgumentSize::Short;
+        case L'l':
+        case L'w':
+            return ArgumentSize::Long;
+        case L'L':
+            return ArgumentSize::Standard;
+        case L'I':
+        case L'z':
+        case L'j':
+        case L't':
+            return ArgumentSize::Wide64;
+        default:
+            return std::nullopt;
+        }
     }
 
     void ReadWidth()
@@ -200,14 +235,14 @@ private:
 
     void ReadPrecision()
     {
-        if (Consume(L"."))
+        if (Consume(L'.'))
             m_conversion.precision = ReadNumber();
     }
 
     /// Digits, or * for the next argument; within plus and minus c_sizeLimit, and 0 when neither stands there.
     int ReadNumber()
     {
-        if (Consume(L"*"))
+        if (Consume(L'*'))
         {
             const std::optional<std::int64_t> number = m_arguments.TakeInteger(ArgumentSize::Standard);
             m_conversion.complete = m_conversion.complete && number.has_value();
@@ -245,18 +280,19 @@ struct NumberParts
     }
 };
 
-void Append(CString& out, std::wstring_view text)
+/// Lengthens a text by `count` characters and returns where they begin.
+wchar_t* Extend(CString& out, std::size_t count)
 {
-    out.Append(text.data(), static_cast<int>(text.size()));
+    const int length = out.GetLength();
+    const std::size_t longer = static_cast<std::size_t>(length) + count;
+    if (longer > INT_MAX)
+        AfxThrowMemoryException();
+    return out.GetBufferSetLength(static_cast<int>(longer)) + length;
 }
 
-void AppendRepeated(CString& out, wchar_t character, std::size_t count)
+wchar_t* Write(wchar_t* out, std::wstring_view text)
 {
-    constexpr std::size_t c_chunk = 32;
-    wchar_t chunk[c_chunk];
-    std::fill_n(chunk, std::min(count, c_chunk), character);
-    for (; count > 0; count -= std::min(count, c_chunk))
-        Append(out, {chunk, std::min(count, c_chunk)});
+    return std::copy(text.begin(), text.end(), out);
 }
 
 std::size_t Missing(const Conversion& conversion, std::size_t length)
@@ -269,29 +305,32 @@ std::size_t Missing(const Conversion& conversion, std::size_t length)
 void WritePadded(CString& out, const Conversion& conversion, std::wstring_view text)
 {
     const std::size_t missing = Missing(conversion, text.size());
+    wchar_t* end = Extend(out, text.size() + missing);
     if (!conversion.left)
-        AppendRepeated(out, conversion.zeros ? L'0' : L' ', missing);
-    Append(out, text);
+        end = std::fill_n(end, missing, conversion.zeros ? L'0' : L' ');
+    end = Write(end, text);
     if (conversion.left)
-        AppendRepeated(out, L' ', missing);
+        std::fill_n(end, missing, L' ');
 }
 
 /// The same for a number, where padding zeros follow the sign.
 void WritePadded(CString& out, const Conversion& conversion, NumberParts number)
 {
     const std::size_t missing = Missing(conversion, number.Length());
+    wchar_t* end = Extend(out, number.Length() + missing);
     if (!conversion.left && conversion.zeros)
         number.zerosBefore += missing;
     else if (!conversion.left)
-        AppendRepeated(out, L' ', missing);
-    Append(out, number.Prefix());
-    AppendRepeated(out, L'0', number.zerosBefore);
-    Append(out, number.digits);
-    AppendRepeated(out, L'.', number.point ? 1 : 0);
-    AppendRepeated(out, L'0', number.zerosBehind);
-    Append(out, number.exponent);
+        end = std::fill_n(end, missing, L' ');
+    end = Write(end, number.Prefix());
+    end = std::fill_n(end, number.zerosBefore, L'0');
+    end = Write(end, number.digits);
+    if (number.point)
+        *end++ = L'.';
+    end = std::fill_n(end, number.zerosBehind, L'0');
+    end = Write(end, number.exponent);
     if (conversion.left)
-        AppendRepeated(out, L' ', missing);
+        std::fill_n(end, missing, L' ');
 }
 
 // ------------------------------------------------------------------------------------------------ integers
@@ -647,7 +686,7 @@ void WriteFormat(CString& out, const wchar_t* format, ArgumentSource& arguments)
         const wchar_t* const start = format;
         while (*format != L'\0' && *format != L'%')
             ++format;
-        Append(out, {start, static_cast<std::size_t>(format - start)});
+        out.Append(start, static_cast<int>(format - start));
         if (*format == L'\0')
             return;
 

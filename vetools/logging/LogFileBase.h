@@ -121,5 +121,7 @@ protected:
 private:
     /// Appends a text behind the id of the process: the one place where bytes reach the file. False when that fails.
     bool Write(std::wstring_view text);
+    void WriteHeaderLine();
+    /// Every write reaches the system at once: there is nothing to do.
     bool Flush();
 };

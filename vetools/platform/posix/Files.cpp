@@ -2,11 +2,13 @@
 #include <climits>
 #include <fcntl.h>
 #include <mutex>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <limits>
 #include <optional>
@@ -269,8 +271,14 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
     while (succeeded && done < size)
     {
         const ssize_t count = ::write(DescriptorOf(file), static_cast<const char*>(buffer) + done, size - done);
-        if (count >= 0)
+        if (count > 0)
             done += static_cast<DWORD>(count);
+        else if (count == 0)
+        {
+            // A device that takes nothing and gives no reason would be asked for ever.
+            succeeded = Fail(ERROR_WRITE_FAULT);
+            break;
+        }
         else if (errno != EINTR)
             succeeded = FailOfTransfer(DescriptorOf(file));
     }
@@ -508,5 +516,10 @@ BOOL ReplaceFileW(LPCWSTR replaced, LPCWSTR replacement, LPCWSTR, DWORD, LPVOID,
 
 DWORD GetCurrentProcessId()
 {
-    return static_cast<DWORD>(::getpid());
+    // Kept, because every line of a log asks for it and the system takes a while to answer. A child has another one.
+    static std::atomic<DWORD> s_processId = 0;
+    static const bool s_forgetsInChild = ::pthread_atfork(nullptr, nullptr, [] { s_processId = 0; }) == 0;
+    if (s_processId == 0 || !s_forgetsInChild)
+        s_processId = static_cast<DWORD>(::getpid());
+    return s_processId;
 }

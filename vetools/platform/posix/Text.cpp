@@ -8,6 +8,7 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include "vetools/platform/posix/TextOutput.h"
 #include "vetools/platform/posix/WinBase.h"
 
 namespace
@@ -25,37 +26,6 @@ bool IsKnownCodePage(UINT codePage)
 {
     return codePage == CP_ACP || codePage == CP_UTF8;
 }
-
-/// Where a conversion writes to: counts only, when there is no buffer.
-template <class Element>
-class Output
-{
-public:
-    Output(Element* buffer, int size)
-        : m_buffer(size > 0 ? buffer : nullptr)
-        , m_size(static_cast<std::size_t>(size))
-    {
-    }
-
-    void Put(Element element)
-    {
-        if (m_buffer != nullptr && m_count < m_size)
-            m_buffer[m_count] = element;
-        ++m_count;
-    }
-    /// The count as the conversion functions return it.
-    int Result() const
-    {
-        if (m_buffer != nullptr && m_count > m_size)
-            return FailWith(ERROR_INSUFFICIENT_BUFFER);
-        return static_cast<int>(m_count);
-    }
-
-private:
-    Element* m_buffer;
-    std::size_t m_size;
-    std::size_t m_count = 0;
-};
 
 /// The text that a conversion function is given: `size` elements, or with -1 a terminated text with its terminator.
 template <class Element, class Buffer>
@@ -121,7 +91,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, L
     if (!bytes || !IsKnownCodePage(codePage))
         return FailWith(ERROR_INVALID_PARAMETER);
 
-    Output<wchar_t> output(buffer, bufferSize);
+    TextOutput<wchar_t> output(buffer, bufferSize);
     const std::int64_t size = static_cast<std::int64_t>(bytes->size());
     for (std::int64_t i = 0; i < size;)
     {
@@ -141,7 +111,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, 
     if (!characters || !IsKnownCodePage(codePage) || defaultCharacter != nullptr || usedDefaultCharacter != nullptr)
         return FailWith(ERROR_INVALID_PARAMETER);
 
-    Output<char> output(buffer, bufferSize);
+    TextOutput<char> output(buffer, bufferSize);
     for (const wchar_t character : *characters)
     {
         if (!IsEncodable(character) && (flags & WC_ERR_INVALID_CHARS) != 0)
