@@ -61,6 +61,7 @@ TEST(COleDateTime, RoundsATimeOfDayToTheNearestSecondHalvesUp)
         {L"1899-12-31 00:00:00", 1 - 0.8 * c_halfSecond},  // up into the next day
         {L"1899-12-30 00:00:00", -1 - (1 - 0.8 * c_halfSecond)},
         {L"2000-01-01 00:00:00", 36526 - 0.4 * c_halfSecond},
+        {L"1899-12-29 00:09:33", -0x1.01b240795ceb2p+0},  // a double that holds the half not quite
     };
     for (const auto& row : rows)
         EXPECT_EQ(CString(row.expected), COleDateTime(row.date).Format(L"%Y-%m-%d %H:%M:%S")) << row.date;

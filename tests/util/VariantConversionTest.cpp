@@ -176,6 +176,9 @@ TEST(VariantConversion, WritesDoublesWith15Digits)
         {L"0.000123456789012346", 0.00012345678901234567},
         {L"1E+300", 1e300},
         {L"-1E-300", -1e-300},
+        // just between two texts: away from zero
+        {L"0.266555786132813", 0x1.10f4p-2},
+        {L"-2.19192504882813", -0x1.1891p+1},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CString(row.expected), VariantToString(static_cast<LPCVARIANT>(COleVariant(row.value)), true))
@@ -196,6 +199,8 @@ TEST(VariantConversion, WritesSinglesWith7Digits)
         {L"1E+07", 1e7F},
         {L"1.677722E+07", 16777217.0F},
         {L"1E-05", 1e-5F},
+        {L"-137.6563", -137.65625F},
+        {L"4861021", 4861020.5F},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CString(row.expected), VariantToString(static_cast<LPCVARIANT>(COleVariant(row.value)), true))
@@ -303,6 +308,12 @@ TEST(VariantConversion, WritesDatesInTheNotationOfTheUnitedStates)
         {L"1/18/2021", 44214.0},
         {L"1/18/2021 2:05:09 PM", 44214.58690972},
         {L"12/31/9999 12:00:00 PM", 2958465.5},
+        {L"6/28/2016 12:00:02 AM", 42549 + 1.5 / 86400},
+        {L"12/29/1899 12:09:33 AM", -0x1.01b240795ceb2p+0},  // a little less than half a second
+        // which parts are written shows before the time is rounded
+        {L"1/18/2021 12:00:00 AM", 44214.000001},
+        {L"1/19/2021 12:00:00 AM", 44214.999999},
+        {L"12:00:00 AM", 0.999999},
         {L"", 2958466.0},
         {L"", 1e300},
     };

@@ -21,11 +21,15 @@ struct DayAndSecond
     int second = 0;
 };
 
+/// What a date may lack of half a second, in days: as a double it seldom holds the half exactly.
+constexpr double c_halfSecondTolerance = 1e-11;
+
 /// A second at a time counts from its midnight on, also before 1899; halves of a second count as one.
 DayAndSecond NearestSecond(DATE date)
 {
     const double day = std::trunc(date);
-    DayAndSecond nearest = {static_cast<int>(day), static_cast<int>(std::fabs(date - day) * c_secondsPerDay + 0.5)};
+    const double time = std::fabs(date - day) + c_halfSecondTolerance;
+    DayAndSecond nearest = {static_cast<int>(day), static_cast<int>(time * c_secondsPerDay + 0.5)};
     if (nearest.second == c_secondsPerDay)
         nearest = {nearest.day + 1, 0};
     return nearest;
@@ -359,11 +363,14 @@ wchar_t* WriteDateText(wchar_t* text, DATE date)
     const DayAndSecond moment = NearestSecond(date);
     if (moment.day >= static_cast<int>(c_endOfDates))
         return nullptr;
-    if (moment.day != 0)
+    // The number says what is written, before it is rounded: a day of 1 or more, a fraction.
+    const bool hasDay = std::fabs(date) >= 1.0;
+    const bool hasTime = !hasDay || date != std::trunc(date);
+    if (hasDay)
         text = WriteDay(text, moment.day);
-    if (moment.day != 0 && moment.second != 0)
+    if (hasDay && hasTime)
         *text++ = L' ';
-    return moment.day == 0 || moment.second != 0 ? WriteTime(text, moment.second) : text;
+    return hasTime ? WriteTime(text, moment.second) : text;
 }
 
 std::optional<DATE> ReadDateText(std::wstring_view text)

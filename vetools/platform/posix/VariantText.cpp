@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 #include <unicode/uchar.h>
 
@@ -211,6 +212,21 @@ bool EqualsIgnoringCase(std::wstring_view text, std::string_view lowerCase)
                       { return (left >= L'A' && left <= L'Z' ? left | 0x20 : left) == right; });
 }
 
+/// The number itself, or, when it lies just between two numbers of that many digits, the next double away from zero: what
+/// is rounded to even here goes away from zero on Windows.
+double WithTieAwayFromZero(double value, int digits)
+{
+    // Longer than any tie, whose digits end with the 5 behind the last one: d.ddddde+ddd
+    constexpr int c_moreDigits = 24;
+    char ascii[c_maxNumberText];
+    const auto end = std::to_chars(ascii, ascii + sizeof ascii, std::fabs(value), std::chars_format::scientific,
+                                   digits + c_moreDigits)
+                         .ptr;
+    const std::string_view rest = std::string_view(ascii, end).substr(digits + 1);
+    const bool isTie = rest.front() == '5' && rest.find_first_not_of('0', 1) == rest.find('e');
+    return isTie ? std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value)) : value;
+}
+
 }  // namespace
 
 wchar_t* WriteNumberText(wchar_t* text, const ScaledNumber& number)
@@ -245,7 +261,8 @@ wchar_t* WriteNumberText(wchar_t* text, double value, int digits)
         return WriteAscii(text, "0");
 
     char ascii[c_maxNumberText];
-    const auto end = std::to_chars(ascii, ascii + sizeof ascii, value, std::chars_format::general, digits).ptr;
+    const double number = WithTieAwayFromZero(value, digits);
+    const auto end = std::to_chars(ascii, ascii + sizeof ascii, number, std::chars_format::general, digits).ptr;
     std::replace(ascii, end, 'e', 'E');
     return WriteAscii(text, {ascii, end});
 }
