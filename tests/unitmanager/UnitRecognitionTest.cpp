@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/FileTestSupport.h"
 #include "tests/support/TextPrinting.h"
 #include "tests/support/UnitTestSupport.h"
+#include "vetools/framework/CFile.h"
+#include "vetools/resources/VePrompts.h"
 #include "vetools/unitmanager/VeUnitManager.h"
 
 namespace
@@ -86,6 +89,21 @@ std::wstring Upper(std::wstring text)
     return text;
 }
 
+/// The record of a unit: its texts as they are stored.
+Bytes RecordOf(const CVeUnitBase& unit)
+{
+    CMemFile file;
+    unit.Save(file);
+    return Bytes(file.GetBytes(), file.GetBytes() + file.GetLength());
+}
+
+/// Titles with marks, which are shown in words.
+bool GiveMarks(CString& text, unsigned, const wchar_t*, unsigned)
+{
+    text = L"1\" \u00b2\u00b2";
+    return true;
+}
+
 CVeUnitManager::statusCode Recognise(const std::wstring& text, CVeUnit& unit)
 {
     return CVeUnitManager::UnitFromString(CString(std::wstring_view(text)), unit);
@@ -105,6 +123,26 @@ TEST(UnitRecognition, KnowsEveryRowInAnyCase)
             CVeUnit unit;
             EXPECT_EQ(CVeUnitManager::STATUS_OK, Recognise(spelling, unit)) << testing::PrintToString(spelling);
             ExpectSame(Recognised(row), unit, spelling);
+        }
+    }
+}
+
+TEST(UnitRecognition, StoresWhatIdRangeAndExponentSetOneAfterTheOther)
+{
+    CVeUnitBase area;
+    area.SetExponent(2);
+    for (const CVeUnitBase& before : {CVeUnitBase(), area, MakeCatalogueUnit(2, 3), MakeCatalogueUnit(1, 9)})
+    {
+        for (const VePrompts::Provider provider : {static_cast<VePrompts::Provider>(nullptr), &GiveMarks})
+        {
+            VePrompts::SetProvider(provider);
+            for (const SpellingRow& row : c_spellings)
+            {
+                CVeUnit unit(before);
+                Recognise(row.text, unit);
+                EXPECT_EQ(RecordOf(Recognised(row, before)), RecordOf(unit)) << testing::PrintToString(row.text);
+            }
+            VePrompts::SetProvider(nullptr);
         }
     }
 }

@@ -4,8 +4,10 @@
 #include <iterator>
 #include <optional>
 
+#include "vetools/resources/VePrompts.h"
 #include "vetools/unitmanager/UnitSpellings.h"
 #include "vetools/unitmanager/VeUnitManager.h"
+#include "vetools/units/UnitCatalogue.h"
 
 namespace
 {
@@ -17,15 +19,16 @@ constexpr bool CanMatch(std::wstring_view text)
                         { return character == L'/' || (character >= L'A' && character <= L'Z'); });
 }
 
-constexpr std::size_t LongestSpelling()
+/// The lower case of a letter of ASCII; every other character stays.
+constexpr wchar_t ToLower(wchar_t character)
 {
-    std::size_t longest = 0;
-    for (const UnitSpellingRow& row : c_unitSpellings)
-        longest = std::max(longest, CanMatch(row.text) ? row.text.size() : 0);
-    return longest;
+    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
 }
 
-constexpr std::size_t c_longestSpelling = LongestSpelling();
+constexpr bool IsAscii(wchar_t character)
+{
+    return character < 0x80;
+}
 
 /// A hash table without collisions, made from the rows at compile time: the multiplier is searched that sends every
 /// spelling that can match to a slot of its own.
@@ -38,10 +41,11 @@ public:
             ++m_multiplier;
     }
 
+    /// The row of a text, letters of ASCII being read as their lower case; null when there is none.
     constexpr const UnitSpellingRow* Find(std::wstring_view text) const
     {
         const std::uint8_t slot = m_slots[SlotOf(text)];
-        if (slot == c_empty || c_unitSpellings[slot].text != text)
+        if (slot == c_empty || !std::ranges::equal(text, c_unitSpellings[slot].text, {}, ToLower))
             return nullptr;
         return &c_unitSpellings[slot];
     }
@@ -55,7 +59,7 @@ private:
     {
         std::uint32_t hash = 0;
         for (const wchar_t character : text)
-            hash = (hash + static_cast<std::uint32_t>(character)) * m_multiplier;
+            hash = (hash + static_cast<std::uint32_t>(ToLower(character))) * m_multiplier;
         return (hash >> 16) % c_slotCount;
     }
 
@@ -80,33 +84,39 @@ private:
 
 constexpr SpellingIndex c_spellingIndex;
 
+constexpr std::size_t LongestSpelling()
+{
+    std::size_t longest = 0;
+    for (const UnitSpellingRow& row : c_unitSpellings)
+        longest = std::max(longest, CanMatch(row.text) ? row.text.size() : 0);
+    return longest;
+}
+
+constexpr std::size_t c_longestSpelling = LongestSpelling();
+
 /// The row of a text in any case; null when there is none.
 const UnitSpellingRow* FindSpelling(std::wstring_view text)
 {
     if (text.size() > c_longestSpelling)
         return nullptr;
-    std::array<wchar_t, c_longestSpelling> lower{};
-    for (std::size_t i = 0; i < text.size(); ++i)
-    {
-        const bool isAscii = text[i] < 0x80;
-        const bool isCapital = text[i] >= L'A' && text[i] <= L'Z';
-        if (!isAscii)
-        {
-            CString whole(text);
-            return c_spellingIndex.Find(whole.MakeLower().View());
-        }
-        lower[i] = isCapital ? static_cast<wchar_t>(text[i] - L'A' + L'a') : text[i];
-    }
-    return c_spellingIndex.Find({lower.data(), text.size()});
+    if (std::ranges::all_of(text, IsAscii))
+        return c_spellingIndex.Find(text);
+    CString lower(text);
+    return c_spellingIndex.Find(lower.MakeLower().View());
 }
 
-/// Kept: the range is set in a step of its own, so that a unit whose new id has no such range keeps the texts of the step
-/// before.
+/// What setting id, range and exponent one after the other gives, in no more steps than it takes.
+/// Kept: a unit whose new id has no such range keeps the texts of the step before.
 void SetUnit(CVeUnitBase& unit, const UnitSpellingRow& row)
 {
-    unit.SetIdUnit(row.idUnit);
-    unit.SetRange(row.range);
-    unit.SetExponent(row.exponent);
+    const bool isInCatalogue = FindUnit(row.idUnit, row.range) != nullptr;
+    if (!isInCatalogue)
+        unit.SetIdUnit(row.idUnit);
+    unit.SetIdUnitAndRange(row.idUnit, row.range);
+    // An exponent also rewrites the texts as they are shown: those of the library's own plain units are so already.
+    const bool isShown = isInCatalogue && row.exponent == 1 && unit.GetExponent() == 1 && !VePrompts::HasProvider();
+    if (!isShown)
+        unit.SetExponent(row.exponent);
 }
 
 /// A unit made afresh from a spelling; nothing when it is unknown.

@@ -313,6 +313,13 @@ constexpr const UnitRow* FindUnit(const QuantityRow& quantity, unsigned int rang
     return range < quantity.units.size() ? &quantity.units[range] : nullptr;
 }
 
+/// The same by id, null also for an id outside 1 to 26.
+constexpr const UnitRow* FindUnit(unsigned int idUnit, unsigned int range)
+{
+    const QuantityRow* quantity = FindQuantity(idUnit);
+    return quantity ? FindUnit(*quantity, range) : nullptr;
+}
+
 /// Whether values of the quantity follow the metrics factor: the length ids.
 constexpr bool IsLengthId(unsigned int idUnit)
 {

@@ -334,6 +334,9 @@ private:
     /// that.
     void UpdateDataUnit(bool alternativeTitles);
 
+    /// The stored symbol becomes what GetName shows.
+    void StoreShownName();
+
     void Compose(int exponent, std::va_list factors);
     void RaiseFirstFactor(int exponent);
     void MultiplyFurtherFactor(const CVeUnitBase& factor, int power);

@@ -92,7 +92,7 @@ void CVeUnitBase::SetExponent(int exponent)
         ReplacePower(Name, Exponent, exponent);
         ReplacePower(Title, Exponent, exponent);
     }
-    CopyTruncated(GetName().View(), Name);  // Kept: "² becomes sq in for good
+    StoreShownName();  // Kept: "² becomes sq in for good
     GetTitle();
     Exponent = exponent;
 }

@@ -94,39 +94,41 @@ bool IsPower(wchar_t character)
     return character == L'²' || character == L'2' || character == L'3';
 }
 
-/// A text as it is stored, and whether it is shown otherwise: one scan finds that, mostly, it is not.
-struct StoredText
+/// Whether a text holds what may be shown otherwise; mostly it does not. No early end: the compiler looks at several
+/// characters at a time.
+bool MayBeShownOtherwise(std::wstring_view text)
 {
-    std::wstring_view text;
-    bool isShownOtherwise = false;
-};
-
-StoredText ScanText(std::span<const wchar_t> buffer, Shown shown)
-{
-    std::size_t length = 0;
-    bool isShownOtherwise = false;
-    for (; buffer[length] != L'\0'; ++length)
-    {
-        const wchar_t next = buffer[length + 1];
-        isShownOtherwise |= IsMark(buffer[length]) && (shown == Shown::Title || IsPower(next));
-        isShownOtherwise |= shown == Shown::Title && buffer[length] == L'²' && next == L'²';
-    }
-    return {{buffer.data(), length}, isShownOtherwise};
+    unsigned int found = 0;
+    for (const wchar_t character : text)
+        found |= static_cast<unsigned int>(IsMark(character)) | static_cast<unsigned int>(character == L'²');
+    return found != 0;
 }
 
-/// The text of a unit's buffer as it is shown.
-CString ShownText(std::span<const wchar_t> buffer, Shown shown)
+/// A stored text that is shown otherwise.
+bool IsShownOtherwise(std::wstring_view text, Shown shown)
 {
-    const StoredText stored = ScanText(buffer, shown);
-    CString text(stored.text);
-    if (!stored.isShownOtherwise)
-        return text;
+    if (!MayBeShownOtherwise(text))
+        return false;
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        const wchar_t next = i + 1 < text.size() ? text[i + 1] : L'\0';
+        if (IsMark(text[i]) && (shown == Shown::Title || IsPower(next)))
+            return true;
+        if (shown == Shown::Title && text[i] == L'²' && next == L'²')
+            return true;
+    }
+    return false;
+}
 
+/// The text with its marks replaced, as often as a unit's buffer of that capacity has characters at most.
+CString WithWords(std::wstring_view stored, Shown shown, std::size_t capacity)
+{
+    CString text(stored);
     const Words words = FindWords();
     for (const MarkRow& row : c_markRows)
     {
         if (shown == Shown::Title || !row.inTitlesOnly)
-            ReplaceMarks(text, row.marks, words[row.word], buffer.size());
+            ReplaceMarks(text, row.marks, words[row.word], capacity);
     }
     return text;
 }
@@ -196,14 +198,21 @@ bool GiveIfFound(std::optional<unsigned int> found, unsigned int& range)
 
 CString CVeUnitBase::GetName() const
 {
-    return ShownText(Name, Shown::Name);
+    const std::wstring_view name(Name);
+    return IsShownOtherwise(name, Shown::Name) ? WithWords(name, Shown::Name, std::size(Name)) : CString(name);
+}
+
+void CVeUnitBase::StoreShownName()
+{
+    if (IsShownOtherwise(Name, Shown::Name))
+        CopyTruncated(WithWords(Name, Shown::Name, std::size(Name)).View(), Name);
 }
 
 wchar_t* CVeUnitBase::GetTitle()
 {
-    if (!ScanText(Title, Shown::Title).isShownOtherwise)
+    if (!IsShownOtherwise(Title, Shown::Title))
         return Title;
-    CString title = ShownText(Title, Shown::Title);
+    CString title = WithWords(Title, Shown::Title, std::size(Title));
     const int doubled = title.Find(L"²²");
     if (doubled >= 0)
         title.Delete(doubled);
