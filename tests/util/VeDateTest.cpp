@@ -18,7 +18,6 @@ TEST(VeDate, NumbersTheDaysOfTheGregorianCalendar)
     };
     // clang-format off
     const Row rows[] = {
-        {1, 17, 11, 1858},  // Kept: one more than the usual number
         {0, 16, 11, 1858},
         {51545, 1, 1, 2000},
         {51604, 29, 2, 2000},
@@ -35,6 +34,13 @@ TEST(VeDate, NumbersTheDaysOfTheGregorianCalendar)
     for (const Row& row : rows)
         EXPECT_EQ(row.expected, GetModifiedJulianDay(row.day, row.month, row.year))
             << row.day << '.' << row.month << '.' << row.year;
+}
+
+TEST(VeDate, KeptTheNumberIsOneMoreThanTheUsualModifiedJulianDay)
+{
+    EXPECT_EQ(1, GetModifiedJulianDay(17, 11, 1858));    // 0
+    EXPECT_EQ(40588, GetModifiedJulianDay(1, 1, 1970));  // 40587
+    EXPECT_EQ(51545, GetModifiedJulianDay(1, 1, 2000));  // 51544
 }
 
 TEST(VeDate, EveryDayHasTheNumberAfterTheDayBefore)
