@@ -71,3 +71,35 @@ TEST(SystemText, OfALengthBeyondItsCountOfBytesIsNull)
     for (const UINT length : {0xFFFFFFFFu, 0xFFFFFFF0u, 0x80000000u})
         EXPECT_EQ(nullptr, ::SysAllocStringLen(nullptr, length)) << length;
 }
+
+TEST(SystemText, OfBytesHasAsManyBytes)
+{
+    const BSTR text = ::SysAllocStringByteLen("abcde", 5);
+    ASSERT_NE(nullptr, text);
+    EXPECT_EQ(5u, ::SysStringByteLen(text));
+    EXPECT_EQ(5u / sizeof(OLECHAR), ::SysStringLen(text));
+    EXPECT_EQ(0, std::memcmp("abcde", text, 5));
+    ::SysFreeString(text);
+
+    const BSTR room = ::SysAllocStringByteLen(nullptr, 3);
+    ASSERT_NE(nullptr, room);
+    EXPECT_EQ(3u, ::SysStringByteLen(room));
+    ::SysFreeString(room);
+}
+
+TEST(SystemText, IsReplacedByAnother)
+{
+    BSTR text = ::SysAllocString(L"hello");
+    EXPECT_EQ(1, ::SysReAllocString(&text, L"world!"));
+    EXPECT_STREQ(L"world!", text);
+    EXPECT_EQ(1, ::SysReAllocStringLen(&text, L"abc", 2));
+    EXPECT_STREQ(L"ab", text);
+    EXPECT_EQ(2u, ::SysStringLen(text));
+    EXPECT_EQ(1, ::SysReAllocString(&text, nullptr));
+    EXPECT_EQ(nullptr, text);
+    EXPECT_EQ(1, ::SysReAllocString(&text, L"again"));
+    EXPECT_STREQ(L"again", text);
+    EXPECT_EQ(1, ::SysReAllocStringLen(&text, text, 3));
+    EXPECT_STREQ(L"aga", text);
+    ::SysFreeString(text);
+}

@@ -307,23 +307,21 @@ private:
         return false;
     }
 
-    /// AM, PM, a or p, in any case. An hour of the afternoon may already be one: 14:05 PM.
+    /// AM or PM, in any case. An hour of the afternoon may already be one: 14:05 PM.
     bool ConsumeHalfOfDay(int& hour)
     {
         const std::wstring_view start = m_rest;
         ConsumeSpaces();
         const std::wstring_view word = ConsumeWord();
-        const wchar_t half = word.empty() ? L'\0' : word[0] | 0x20;
-        if ((half != L'a' && half != L'p') || word.size() > 2 || (word.size() == 2 && (word[1] | 0x20) != L'm'))
-        {
-            m_rest = start;
-            return false;
-        }
+        const wchar_t half = word.size() == 2 && (word[1] | 0x20) == L'm' ? word[0] | 0x20 : L'\0';
         if (half == L'p' && hour < 12)
             hour += 12;
         else if (half == L'a' && hour == 12)
             hour = 0;
-        return true;
+        if (half == L'a' || half == L'p')
+            return true;
+        m_rest = start;
+        return false;
     }
 
     /// Day zero when there is only a time.

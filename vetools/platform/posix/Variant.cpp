@@ -37,13 +37,12 @@ HRESULT ReplaceByCopy(VARIANT& destination, const VARIANT& source)
     HRESULT result = OwnContent(copy);
     if (FAILED(result))
         return result;
-    if (::VariantClear(&destination) == DISP_E_ARRAYISLOCKED)
-    {
+    result = ::VariantClear(&destination);
+    if (FAILED(result))
         ::VariantClear(&copy);
-        return DISP_E_ARRAYISLOCKED;
-    }
-    destination = copy;
-    return S_OK;
+    else
+        destination = copy;
+    return result;
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <cfloat>
 #include <cstring>
 #include <limits>
 
@@ -68,7 +67,7 @@ HRESULT ReadNumber(const VARIANT& source, Number& number)
         number = NumberOf(source.cyVal);
         return S_OK;
     case VT_R4:
-        number = double{source.fltVal};
+        number = source.fltVal;
         return S_OK;
     case VT_R8:
     case VT_DATE:
@@ -194,8 +193,11 @@ HRESULT ToText(const VARIANT& source, USHORT flags, VARIANT& result)
     wchar_t text[c_maxNumberText];
     if (const auto* const scaled = std::get_if<ScaledNumber>(&number))
         return MakeText(text, WriteNumberText(text, *scaled), result);
-    const int digits = source.vt == VT_R4 ? FLT_DIG + 1 : DBL_DIG;
-    return MakeText(text, WriteNumberText(text, std::get<double>(number), digits), result);
+    const auto* const narrow = std::get_if<float>(&number);
+    return MakeText(text,
+                    narrow != nullptr ? WriteNumberText(text, *narrow, c_floatDigits)
+                                      : WriteNumberText(text, std::get<double>(number), c_doubleDigits),
+                    result);
 }
 
 HRESULT MakeDate(DATE date, VARIANT& result)
@@ -340,13 +342,12 @@ HRESULT Converted(const VARIANT& source, LCID locale, USHORT flags, VARTYPE type
 /// Puts a result in the place of the destination's old value.
 HRESULT HandOver(VARIANT& result, VARIANT& destination)
 {
-    if (::VariantClear(&destination) == DISP_E_ARRAYISLOCKED)
-    {
+    const HRESULT cleared = ::VariantClear(&destination);
+    if (FAILED(cleared))
         ::VariantClear(&result);
-        return DISP_E_ARRAYISLOCKED;
-    }
-    destination = result;
-    return S_OK;
+    else
+        destination = result;
+    return cleared;
 }
 
 }  // namespace

@@ -17,8 +17,6 @@ __extension__ using Whole = __int128;
 constexpr int c_magnitudeDigits = 38;
 constexpr int c_maxDecimalScale = 28;
 constexpr int c_moneyScale = 4;
-/// The decimal digits that a double holds whatever its value.
-constexpr int c_doubleDigits = DBL_DIG;
 
 constexpr Magnitude c_maxDecimal = (Magnitude{0xFFFFFFFF} << 64) | 0xFFFFFFFFFFFFFFFF;
 
@@ -103,23 +101,23 @@ std::optional<ScaledNumber> Rounded(const DigitNumber& number, int scale)
     return rounded;
 }
 
-/// As many digits of a finite double as it has for certain.
-DigitNumber DigitsOf(double value)
+/// So many digits of a finite number.
+template <class Float>
+DigitNumber DigitsOf(Float value, int digits)
 {
     DigitNumber number;
     number.negative = std::signbit(value);
-    // d.dddddddddddddde+xx
+    // d.dddddddddddddde+xxx
     char text[c_doubleDigits + 8];
-    const auto end =
-        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, c_doubleDigits - 1)
-            .ptr;
+    char* const last = text + sizeof text;
+    const char* const end = std::to_chars(text, last, std::fabs(value), std::chars_format::scientific, digits - 1).ptr;
     number.digits[0] = text[0];
-    std::memcpy(number.digits + 1, text + 2, c_doubleDigits - 1);
-    number.count = text[0] == '0' ? 0 : c_doubleDigits;
-    const char* exponent = text + c_doubleDigits + 2;
+    std::copy_n(text + 2, digits - 1, number.digits + 1);
+    number.count = text[0] == '0' ? 0 : digits;
+    const char* const exponent = text + digits + 2;
     int decimalExponent = 0;
     std::from_chars(*exponent == '+' ? exponent + 1 : exponent, end, decimalExponent);
-    number.exponent = decimalExponent - (c_doubleDigits - 1);
+    number.exponent = decimalExponent - (digits - 1);
     return number;
 }
 
@@ -182,14 +180,30 @@ std::optional<ScaledNumber> ScaledOf(const BooleanNumber& number, int scale)
     return Rounded(NumberOf(LONGLONG{number.value}), scale);
 }
 
-/// With more digits than a double has: 0.00025 is a little more than it seems.
+/// Halves a number so many times and takes the nearest integer, halves the even one.
+Magnitude ShiftedRight(Magnitude value, int bits)
+{
+    constexpr int magnitudeBits = 128;
+    if (bits >= magnitudeBits)
+        return 0;
+    const Magnitude half = Magnitude{1} << (bits - 1);
+    const Magnitude rest = value & ((half << 1) - 1);
+    const Magnitude quotient = value >> bits;
+    return rest > half || (rest == half && quotient % 2 != 0) ? quotient + 1 : quotient;
+}
+
+/// Exactly, in the bits of the double: 0.00025 is a little more than it seems. The decimals are few.
 std::optional<ScaledNumber> ScaledOf(double value, int scale)
 {
-    constexpr long double beyondAll = 0x1p100L;
-    const long double scaled = std::rint(static_cast<long double>(value) * static_cast<long double>(PowerOfTen(scale)));
-    if (!(std::fabs(scaled) < beyondAll))
+    constexpr double beyondAll = 0x1p60;
+    if (!(std::fabs(value) < beyondAll))
         return std::nullopt;
-    return ScaledNumber{scaled < 0, static_cast<Magnitude>(std::fabs(scaled)), scale};
+    int exponent = 0;
+    const double fraction = std::frexp(std::fabs(value), &exponent);
+    const auto bits = static_cast<std::uint64_t>(std::ldexp(fraction, DBL_MANT_DIG));
+    const Magnitude scaled = bits * PowerOfTen(scale);
+    const int shift = DBL_MANT_DIG - exponent;
+    return ScaledNumber{value<0, shift> 0 ? ShiftedRight(scaled, shift) : scaled << -shift, scale};
 }
 
 // Each kind of number as a DECIMAL, with as many decimals as it has or as fit
@@ -215,12 +229,31 @@ std::optional<ScaledNumber> DecimalOf(const DigitNumber& number)
     std::optional<ScaledNumber> rounded = Rounded(number, scale);
     while (!FitsDecimal(rounded) && scale > 0)
         rounded = Rounded(number, --scale);
+    if (rounded && rounded->magnitude == 0)
+        rounded->scale = 0;
     return rounded;
+}
+
+/// A whole number is exact; of others so many digits are certain.
+template <class Float>
+std::optional<ScaledNumber> DecimalOf(Float value, int digits)
+{
+    constexpr Float beyondAll = 0x1p96;
+    if (!(std::fabs(value) < beyondAll))
+        return std::nullopt;
+    if (value == std::trunc(value))
+        return ScaledNumber{value < 0, static_cast<Magnitude>(std::fabs(value)), 0};
+    return DecimalOf(DigitsOf(value, digits));
 }
 
 std::optional<ScaledNumber> DecimalOf(double value)
 {
-    return std::isfinite(value) ? DecimalOf(DigitsOf(value)) : std::nullopt;
+    return DecimalOf(value, c_doubleDigits);
+}
+
+std::optional<ScaledNumber> DecimalOf(float value)
+{
+    return DecimalOf(value, c_floatDigits);
 }
 
 std::optional<ScaledNumber> DecimalOf(const BitNumber& number)
@@ -301,9 +334,10 @@ HRESULT WriteFloat(const Number& number, VARIANT& value)
     const std::optional<double> wide = DoubleOf(number);
     if (!wide)
         return DISP_E_OVERFLOW;
-    if (std::fabs(*wide) > FLT_MAX)
+    const auto narrow = static_cast<float>(*wide);
+    if (std::isinf(narrow))
         return DISP_E_OVERFLOW;
-    value.fltVal = static_cast<float>(*wide);
+    value.fltVal = narrow;
     value.vt = VT_R4;
     return S_OK;
 }

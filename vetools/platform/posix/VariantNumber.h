@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cfloat>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -44,7 +45,7 @@ struct BooleanNumber
     VARIANT_BOOL value = VARIANT_FALSE;
 };
 
-using Number = std::variant<ScaledNumber, double, DigitNumber, BitNumber, BooleanNumber>;
+using Number = std::variant<ScaledNumber, float, double, DigitNumber, BitNumber, BooleanNumber>;
 
 /// A DECIMAL as a number; nothing when its scale or its sign is not one.
 std::optional<ScaledNumber> NumberOf(const DECIMAL& decimal);
@@ -57,10 +58,14 @@ ScaledNumber NumberOf(CY money);
 bool AreIntegersOfOneWidth(VARTYPE left, VARTYPE right);
 
 /// Writes a number into the member for one of the types VT_I1 to VT_UINT, VT_R4, VT_R8, VT_CY, VT_DECIMAL or VT_BOOL, and
-/// sets the type. Integers and money become the nearest, halves the even one; a double becomes a DECIMAL of 15 digits. What
-/// is not a number becomes the greatest integer. DISP_E_OVERFLOW for what does not fit, DISP_E_TYPEMISMATCH for other types;
-/// `value` is left alone then.
+/// sets the type. Integers and money become the nearest, halves the even one; a double with decimals becomes a DECIMAL of
+/// 15 digits, a float one of 7. What is not a number becomes the greatest integer. DISP_E_OVERFLOW for what does not fit,
+/// DISP_E_TYPEMISMATCH for other types; `value` is left alone then.
 HRESULT WriteNumber(const Number& number, VARTYPE type, VARIANT& value);
+
+/// The decimal digits that are shown of a number of this type.
+constexpr int c_floatDigits = FLT_DIG + 1;
+constexpr int c_doubleDigits = DBL_DIG;
 
 /// The nearest double; nothing for a number beyond it.
 std::optional<double> DoubleOf(const Number& number);

@@ -46,6 +46,7 @@ constexpr TypeRow c_types[] = {
     {VT_UI8,      sizeof(ULONGLONG), Where::Everywhere},
     {VT_INT,      sizeof(INT),     Where::Everywhere},
     {VT_UINT,     sizeof(UINT),    Where::Everywhere},
+    {VT_RECORD,   0,               Where::Value},
     {VT_INT_PTR,  sizeof(void*),   Where::OnlyInArrays},
     {VT_UINT_PTR, sizeof(void*),   Where::OnlyInArrays},
 };
