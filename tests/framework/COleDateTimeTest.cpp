@@ -123,6 +123,18 @@ TEST(COleDateTime, ReadsInvalidInTheDefaultWordsWhereTheResourceModuleHasNone)
     EXPECT_EQ(CString(L"Invalid DateTime"), date.Format(L"%Y"));
 }
 
+TEST(COleDateTime, ReadsInvalidInTheWordsOfTheResourceModule)
+{
+    const HINSTANCE french = AfxLoadLibrary(L"TestFrench");
+    ASSERT_NE(nullptr, french);
+    {
+        const ScopedResourceModule guard(french);
+        EXPECT_EQ(CString(L"Date incorrecte"), COleDateTime(1e300).Format(L"%m %d %y"));
+        EXPECT_EQ(CString(L"01 18 21"), COleDateTime(44214.0).Format(L"%m %d %y"));
+    }
+    EXPECT_TRUE(AfxFreeLibrary(french));
+}
+
 TEST(COleDateTime, IsMadeOfFieldsThatAreADate)
 {
     const struct
