@@ -50,20 +50,12 @@ int RunFormat(const FormatSettings& settings)
     ValueWriter writer(unit, settings.text);
     ReportSettings report = settings.report;
     report.unit = writer.Symbol();
-    return ReportValues(values, settings.source, report,
-                        [&](std::string_view text, ValueResult& result)
-                        {
-                            const std::optional<double> si = reader.Read(text);
-                            result.isGood = si.has_value();
-                            if (!si)
+    return ReportQuantities(std::move(values), settings.source, report, reader,
+                            [&](double si, ValueResult& result)
                             {
-                                result.expected = reader.Expected();
-                                return;
-                            }
-                            result.value = writer.Convert(*si);
-                            result.text.clear();
-                            writer.Append(result.text, *si);
-                        });
+                                result.value = writer.Convert(si);
+                                writer.Append(result.text, si);
+                            });
 }
 
 }  // namespace

@@ -236,11 +236,41 @@ bool TakeProcessText(std::string_view text, LogEntry& entry)
     return true;
 }
 
-// The piece that follows an empty message on the same line, if one does. "PID:5 has ended" is a message.
+// Whether the log's own marks stand here, behind a process id: "PID:5 has ended" is the text of somebody. Looks at a
+// bounded number of bytes: a line may hold many pieces.
 bool IsPiece(std::string_view text)
 {
+    constexpr std::size_t c_longestHead = 512;  // a source file with its path, or a date in words
+    text = text.substr(0, c_longestHead);
+    text = text.substr(0, text.find('\n'));
     LogEntry ignored;
     return ConsumeProcessId(text) && TakeProcessText(text, ignored);
+}
+
+std::size_t FindPiece(std::string_view text, std::size_t begin)
+{
+    std::size_t place = text.find(ProcessIdPrefix(), begin);
+    while (place != std::string_view::npos && !IsPiece(text.substr(place)))
+        place = text.find(ProcessIdPrefix(), place + 1);
+    return place;
+}
+
+// Where the text behind a process id ends, because another piece follows without a line break: behind an empty message,
+//     PID:1 14:05:09 Message : PID:2 14:05:10 Message : saved
+// or behind a text that has no break of its own, such as a header. A message that is not empty has one.
+std::size_t EndOfPiece(std::string_view text)
+{
+    std::string_view rest = text;
+    LogEntry entry;
+    const bool hasTime = ConsumeTime(rest, entry);
+    const bool hasLevel = ConsumeLevel(rest, LogKind::Process, entry);
+    const std::size_t begin = text.size() - rest.size();
+    if (hasLevel)
+        return IsPiece(rest) ? begin : std::string_view::npos;
+    const std::size_t end = FindPiece(text, begin);
+    const bool isInMessage = end != std::string_view::npos && !hasTime &&
+                             TakeErrorWithSource(text.substr(0, end), entry) && !entry.message.empty();
+    return isInMessage ? std::string_view::npos : end;
 }
 
 // Monday, January 18, 2021 14:05:09 [ERROR]       : no beams
@@ -261,6 +291,11 @@ bool TakeDesignHead(std::string_view text, LogEntry& entry)
         return true;
     }
     return false;
+}
+
+std::uint64_t CountLineBreaks(std::string_view text)
+{
+    return static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
 std::string_view WithoutLineBreak(std::string_view text)
@@ -417,12 +452,11 @@ void LogReader::Split()
 
 void LogReader::Deliver(std::string_view text)
 {
-    const auto lineBreaks = static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
     if (m_kind == LogKind::Design)
         DeliverDesignLine(WithoutLineBreak(text));
     else
         DeliverProcessText(text);
-    m_line += lineBreaks;
+    m_line += CountLineBreaks(text);
     m_isSettled = false;
 }
 
@@ -431,22 +465,21 @@ void LogReader::DeliverProcessText(std::string_view text)
     if (text.empty())
         return;
     text = WithoutLineBreak(text);
-    for (;;)
+    for (std::uint64_t line = m_line;;)
     {
         LogEntry entry;
-        entry.line = m_line;
+        entry.line = line;
         entry.processId = ConsumeProcessId(text);
-        entry.message = text;
-        if (!entry.processId)
-            return HandOut(entry);
-        TakeProcessText(text, entry);
-        // The text that goes on behind an empty message: PID:1 14:05:09 Message : PID:2 14:05:10 Message : saved
-        const bool isFollowed = (entry.level || !entry.time.empty()) && IsPiece(entry.message);
-        if (!isFollowed)
-            return HandOut(entry);
-        text = entry.message;
-        entry.message = {};
+        const std::size_t end = EndOfPiece(text);
+        const std::string_view piece = text.substr(0, end);
+        entry.message = piece;
+        if (entry.processId)
+            TakeProcessText(piece, entry);
         HandOut(entry);
+        if (end == std::string_view::npos)
+            return;
+        line += CountLineBreaks(piece);
+        text.remove_prefix(end);
     }
 }
 

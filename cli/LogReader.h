@@ -68,9 +68,10 @@ struct LogEntry
 /// Takes the bytes of a log as they come and hands out its pieces one by one, in their order. It holds no more than
 /// the piece at hand, and looks at each byte a fixed number of times.
 ///
-/// In a process log a line that does not begin with PID:, a number and a blank belongs to the piece before it. An entry with
-/// an empty message has no line break: the next piece, if it has a level or a time or opens or closes a log, is recognised on
-/// the same line. In a design log each line is a piece, and lines without text are passed over. "\r\n" counts as "\n".
+/// In a process log a line that does not begin with PID:, a number and a blank belongs to the piece before it. A header or
+/// trailer may lack its line break, and an entry with an empty message has none: the next piece, if it has a level or a
+/// time or opens or closes a log, is recognised on the same line. In a design log each line is a piece, and lines without
+/// text are passed over. "\r\n" counts as "\n".
 class LogReader
 {
 public:

@@ -51,20 +51,12 @@ int RunParse(const ParseSettings& settings)
     QuantityReader reader(lookup, unit, settings.reading);
     ReportSettings report = settings.report;
     report.unit = ToUtf8(MakeUnitOf(SiUnitOf(unit)).GetName().GetString());
-    return ReportValues(texts, settings.source, report,
-                        [&](std::string_view text, ValueResult& result)
-                        {
-                            const std::optional<double> si = reader.Read(text);
-                            result.isGood = si.has_value();
-                            if (!si)
+    return ReportQuantities(std::move(texts), settings.source, report, reader,
+                            [](double si, ValueResult& result)
                             {
-                                result.expected = reader.Expected();
-                                return;
-                            }
-                            result.value = *si;
-                            result.text.clear();
-                            AppendShortest(result.text, *si);
-                        });
+                                result.value = si;
+                                AppendShortest(result.text, si);
+                            });
 }
 
 }  // namespace

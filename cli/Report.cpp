@@ -7,6 +7,7 @@
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/Progress.h"
+#include "cli/QuantityReader.h"
 #include "cli/Utf8.h"
 
 namespace
@@ -151,4 +152,22 @@ int ReportValues(std::vector<std::string> arguments, const SourceSettings& sourc
         throw;
     }
     return reporter.Finish();
+}
+
+int ReportQuantities(std::vector<std::string> arguments, const SourceSettings& source, const ReportSettings& settings,
+                     QuantityReader& reader, const std::function<void(double si, ValueResult& result)>& write)
+{
+    return ReportValues(std::move(arguments), source, settings,
+                        [&](std::string_view text, ValueResult& result)
+                        {
+                            const std::optional<double> si = reader.Read(text);
+                            result.isGood = si.has_value();
+                            if (!si)
+                            {
+                                result.expected = reader.Expected();
+                                return;
+                            }
+                            result.text.clear();
+                            write(*si, result);
+                        });
 }

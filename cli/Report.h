@@ -7,6 +7,8 @@
 
 #include "cli/ValueSource.h"
 
+class QuantityReader;
+
 namespace CLI
 {
 class App;
@@ -46,3 +48,8 @@ void AddReportOptions(CLI::App& command, ReportSettings& settings);
 /// Returns the program's exit code.
 int ReportValues(std::vector<std::string> arguments, const SourceSettings& source, const ReportSettings& settings,
                  const ValueFunction& function);
+
+/// The same for values that are quantities: they are read in SI, and `write` fills value and text (which is empty) of the
+/// result.
+int ReportQuantities(std::vector<std::string> arguments, const SourceSettings& source, const ReportSettings& settings,
+                     QuantityReader& reader, const std::function<void(double si, ValueResult& result)>& write);

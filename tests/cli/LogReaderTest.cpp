@@ -166,6 +166,25 @@ TEST(LogReader, APieceBehindAnEmptyMessageIsItsOwn)
               (Texts{"entry 1 Message 14:05:09|see PID:2 14:05:09 Message : x"}));
 }
 
+TEST(LogReader, APieceBehindATextWithoutLineBreakIsItsOwn)
+{
+    const std::string opened = "PID:1 a, 14:05:11, PID = 1 QM2020.0.0";
+    const std::string openedText = "opened 1 a 14:05:11|a, 14:05:11, PID = 1 QM2020.0.0";
+    EXPECT_EQ(Read("PID:1 header" + opened + "\n"), (Texts{"text 1|header", openedText}));
+    EXPECT_EQ(Read("PID:1 " + opened + "\n"), (Texts{"text 1|", openedText}));
+    EXPECT_EQ(Read("PID:1 two\nlines" + opened + "\n"), (Texts{"text 1|two\nlines", openedText}));
+    EXPECT_EQ(Read("PID:1 trailerPID:2 f(3)14:05:10 Error : x\n"),
+              (Texts{"text 1|trailer", "entry 2 Error 14:05:10 f#3|x"}));
+    EXPECT_EQ(Read("PID:1 torn 14:0PID:2 14:05:10 Message : x\n"),
+              (Texts{"text 1|torn 14:0", "entry 2 Message 14:05:10|x"}));
+    EXPECT_EQ(Read("PID:1 14:05:09tornPID:2  Message : x\n"), (Texts{"text 1 14:05:09|torn", "entry 2 Message|x"}));
+    EXPECT_EQ(Read("tornPID:2 14:05:10 Message : x\nPID:1 y"),
+              (Texts{"text|torn", "entry 2 Message 14:05:10|x", "text 1|y"}));
+    EXPECT_EQ(Read("PID:1 f(3)14:05:10 Error : see PID:2 14:05:10 Message : x\n"),
+              (Texts{"entry 1 Error 14:05:10 f#3|see PID:2 14:05:10 Message : x"}));
+    EXPECT_EQ(Read("PID:1 headerPID:2 has ended\n"), (Texts{"text 1|headerPID:2 has ended"}));
+}
+
 TEST(LogReader, TheFirstLineThatOnlyOneKindHasDecidesTheKind)
 {
     struct Row
