@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <list>
 #include <ostream>
 #include <set>
@@ -161,9 +160,8 @@ TEST(NumberList, TheSameNumbersAgainAndAgainDoNotMakeAListTooLong)
     EXPECT_EQ(1000u, Read(text).size());
 }
 
-TEST(NumberList, LongTextsTakeTimeInProportion)
+TEST(NumberList, ReadsMillionsOfCharacters)
 {
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(1'000'000u, Read(L"1-1000000").size());
     std::wstring numbers;
     for (int i = 200'000; i > 0; --i)
@@ -172,7 +170,6 @@ TEST(NumberList, LongTextsTakeTimeInProportion)
     EXPECT_EQ(0u, Read(CString(std::wstring(2'000'000, L'-').c_str())).size());
     EXPECT_EQ(0u, Read(CString(std::wstring(2'000'000, L'!').c_str())).size());
     EXPECT_EQ(1u, Read(CString(std::wstring(2'000'000, L'9').c_str())).size());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 }  // namespace
