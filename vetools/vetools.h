@@ -43,6 +43,7 @@
 #include "vetools/util/VeDate.h"
 #include "vetools/util/VeDirectory.h"
 #include "vetools/util/VeException.h"
+#include "vetools/util/VeFile.h"
 #include "vetools/util/VeString.h"
 #include "vetools/util/VeVariant.h"
 #include "vetools/util/VeTranslate.h"

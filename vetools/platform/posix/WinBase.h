@@ -37,6 +37,9 @@ using HLOCAL = void*;
 /// Frees what FormatMessageW allocated, or null. Returns null.
 VETOOLS_API HLOCAL LocalFree(HLOCAL memory);
 
+/// What a user answers to a message box that offers another attempt.
+constexpr int IDRETRY = 4;
+
 // Text
 
 /// The system's narrow encoding, which is UTF-8 here, and UTF-8 by its name. Other code pages are not known.

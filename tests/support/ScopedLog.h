@@ -1,0 +1,37 @@
+#pragma once
+
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "tests/support/FileTestSupport.h"
+#include "tests/support/LogTestSupport.h"
+#include "vetools/logging/LogFileBase.h"
+
+/// Lets the log of the process lie in a folder of its own while it lives.
+class ScopedLog
+{
+public:
+    ScopedLog() { LogFileBase::CreateInstance(m_folder.Path().wstring().c_str(), 0); }
+    ScopedLog(const ScopedLog&) = delete;
+    ScopedLog& operator=(const ScopedLog&) = delete;
+    ~ScopedLog() { LogFileBase::ReleaseInstance(); }
+
+    /// What the library's file functions have written so far: each message with its line break, up to the next entry, such
+    /// as "error (6) writing in file\n".
+    std::vector<std::string> Errors() const
+    {
+        static const std::regex s_beginning(R"(PID:# veutilitiescommon\(\d+\)TIME Error : )");
+        const std::string text = LogTextOf(m_folder / "Log.txt");
+        std::vector<std::string> errors;
+        for (std::sregex_iterator i(text.begin(), text.end(), s_beginning), end; i != end; ++i)
+        {
+            const std::string rest = i->suffix();
+            errors.push_back(rest.substr(0, rest.find("PID:")));
+        }
+        return errors;
+    }
+
+private:
+    TestFolder m_folder;
+};
