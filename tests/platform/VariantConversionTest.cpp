@@ -746,6 +746,30 @@ TEST(ValueConversion, RefusesTextsThatAreNoNumbers)
 }
 // clang-format on
 
+TEST(ValueConversion, PassesOverCommasBehindTheFirstDigitOrPoint)
+{
+    for (const auto& [expected, text] : {std::pair("12", L"12 ,"),
+                                         {"12", L"12 , "},
+                                         {"-12", L"12-,"},
+                                         {"-12", L"(12,)"},
+                                         {"-12", L"(12),"},
+                                         {"12", L"12 $ ,"},
+                                         {"1000", L"1,e3"},
+                                         {"1000", L"1e3 ,"},
+                                         {"12.5", L"12,.5"},
+                                         {"1.5", L"1.,5"},
+                                         {"0.5", L".,5"},
+                                         {"16", L"&H10"},
+                                         {"type", L"12 ,3"},
+                                         {"type", L"12, 3"},
+                                         {"type", L"$,12"},
+                                         {"type", L"-,12"},
+                                         {"type", L","},
+                                         {"type", L"&H10,"},
+                                         {"type", L".,"}})
+        EXPECT_EQ(expected, Converted(*SystemValue(Text(text)), VT_R8)) << testing::PrintToString(std::wstring(text));
+}
+
 TEST(ValueConversion, ReadsATextUpToItsFirstTerminator)
 {
     for (const auto& [expected, text] : {std::pair("1", std::wstring(L"1\0", 2)),

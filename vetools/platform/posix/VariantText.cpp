@@ -51,13 +51,19 @@ public:
             return ReadBits(number);
 
         DigitNumber& digits = number.emplace<DigitNumber>();
-        if (!ConsumeDigits(digits) || !ConsumeExponent(digits) || !ConsumeTrailingMarks())
+        if (!ConsumeDigits(digits) || !ConsumeExponent(digits) || !ConsumeTrailingMarks(Commas::Allowed))
             return NumberTextError::NoNumber;
         digits.negative = m_isNegative;
         return NumberTextError::None;
     }
 
 private:
+    enum class Commas
+    {
+        Allowed,
+        Refused
+    };
+
     bool Consume(wchar_t character)
     {
         if (m_rest.empty() || m_rest.front() != character)
@@ -102,13 +108,13 @@ private:
         m_isNegative = m_isNegative || m_hasParenthesis;
     }
 
-    /// A sign stands on one side only; a parenthesis must be closed. Takes the rest of the text.
-    bool ConsumeTrailingMarks()
+    /// A sign stands on one side only; a parenthesis must be closed. Decimal numbers may have commas here too. Takes the rest of the text.
+    bool ConsumeTrailingMarks(Commas commas)
     {
         bool hasCurrency = false;
         bool isClosed = false;
-        while (ConsumeSpace() || ConsumeSign() || ConsumeOnce(c_currency, hasCurrency) ||
-               (m_hasParenthesis && ConsumeOnce(L')', isClosed)))
+        while (ConsumeSpace() || (commas == Commas::Allowed && Consume(c_groupSeparator)) || ConsumeSign() ||
+               ConsumeOnce(c_currency, hasCurrency) || (m_hasParenthesis && ConsumeOnce(L')', isClosed)))
         {
         }
         return m_rest.empty() && isClosed == m_hasParenthesis;
@@ -129,7 +135,7 @@ private:
             }
             else if (character == c_decimalPoint && !hasPoint)
                 hasPoint = true;
-            else if (character != c_groupSeparator || !hasDigit)
+            else if (character != c_groupSeparator || !(hasDigit || hasPoint))
                 return hasDigit;
         }
     }
@@ -186,7 +192,7 @@ private:
             bits = (bits << bitsPerDigit) | DigitValue(m_rest.front());
             hasDigit = true;
         }
-        if (!hasDigit || !ConsumeTrailingMarks())
+        if (!hasDigit || !ConsumeTrailingMarks(Commas::Refused))
             return NumberTextError::NoNumber;
         number = BitNumber{bits};
         return isTooLarge ? NumberTextError::TooLarge : NumberTextError::None;
