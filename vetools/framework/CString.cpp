@@ -488,7 +488,7 @@ bool CString::LoadText(HINSTANCE module, UINT id)
     return true;
 }
 
-CString ConcatenateTexts(std::wstring_view left, std::wstring_view right)
+CString CString::Concatenate(std::wstring_view left, std::wstring_view right)
 {
     CString result;
     const std::size_t total = left.size() + right.size();

@@ -276,13 +276,20 @@ public:
     /// The longest text for which there is memory.
     int GetAllocLength() const noexcept { return m_capacity; }
 
-private:
-    friend VETOOLS_API CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
+    // What the operators behind the class are made of.
 
+    /// Two texts one behind the other, in a string made to measure.
+    static CString Concatenate(std::wstring_view left, std::wstring_view right);
+    /// A text up to its terminator, the empty one for null.
     static std::wstring_view ViewOf(const wchar_t* text) noexcept
     {
         return text != nullptr ? std::wstring_view(text) : std::wstring_view();
     }
+    /// `Result`, for comparisons whose texts are CString or derive from it; no other type is considered.
+    template <class Result, class... Texts>
+    using ForTexts = std::enable_if_t<(std::is_base_of_v<CString, Texts> && ...), Result>;
+
+private:
     static std::size_t CheckedLength(const wchar_t* text, int length) noexcept
     {
         return text != nullptr && length > 0 ? static_cast<std::size_t>(length) : 0;
@@ -352,69 +359,49 @@ private:
 #pragma pop_macro("LoadStringA")
 #pragma pop_macro("LoadString")
 
-/// `Result`, for comparisons whose texts are CString or derive from it; no other type is considered.
-template <class Result, class... Texts>
-using ForTexts = std::enable_if_t<(std::is_base_of_v<CString, Texts> && ...), Result>;
-
 // Comparisons by elements, as CString::Compare; the language derives the other operators and the reversed order of
 // arguments. They are templates in order that a derived class with comparisons of its own is compared with other texts
 // without ambiguity.
 template <class Left, class Right>
-ForTexts<bool, Left, Right> operator==(const Left& left, const Right& right) noexcept
+CString::ForTexts<bool, Left, Right> operator==(const Left& left, const Right& right) noexcept
 {
     return left.View() == right.View();
 }
 template <class Left>
-ForTexts<bool, Left> operator==(const Left& left, const wchar_t* right) noexcept
+CString::ForTexts<bool, Left> operator==(const Left& left, const wchar_t* right) noexcept
 {
     return left.Compare(right) == 0;
 }
 template <class Left, class Right>
-ForTexts<std::strong_ordering, Left, Right> operator<=>(const Left& left, const Right& right) noexcept
+CString::ForTexts<std::strong_ordering, Left, Right> operator<=>(const Left& left, const Right& right) noexcept
 {
     return left.View().compare(right.View()) <=> 0;
 }
 template <class Left>
-ForTexts<std::strong_ordering, Left> operator<=>(const Left& left, const wchar_t* right) noexcept
+CString::ForTexts<std::strong_ordering, Left> operator<=>(const Left& left, const wchar_t* right) noexcept
 {
     return left.Compare(right) <=> 0;
 }
 
-/// Two texts one behind the other, in a string made to measure. What the operators below are made of.
-VETOOLS_API CString ConcatenateTexts(std::wstring_view left, std::wstring_view right);
-
-inline std::wstring_view TextOperand(const CString& text) noexcept
-{
-    return text.View();
-}
-inline std::wstring_view TextOperand(const wchar_t* text) noexcept
-{
-    return text != nullptr ? std::wstring_view(text) : std::wstring_view();
-}
-inline std::wstring_view TextOperand(const wchar_t& character) noexcept
-{
-    return std::wstring_view(&character, 1);
-}
-
 inline CString operator+(const CString& left, const CString& right)
 {
-    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+    return CString::Concatenate(left.View(), right.View());
 }
 inline CString operator+(const CString& left, const wchar_t* right)
 {
-    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+    return CString::Concatenate(left.View(), CString::ViewOf(right));
 }
 inline CString operator+(const CString& left, wchar_t right)
 {
-    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+    return CString::Concatenate(left.View(), std::wstring_view(&right, 1));
 }
 inline CString operator+(const wchar_t* left, const CString& right)
 {
-    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+    return CString::Concatenate(CString::ViewOf(left), right.View());
 }
 inline CString operator+(wchar_t left, const CString& right)
 {
-    return ConcatenateTexts(TextOperand(left), TextOperand(right));
+    return CString::Concatenate(std::wstring_view(&left, 1), right.View());
 }
 inline CString operator+(CString&& left, const CString& right)
 {

@@ -342,13 +342,24 @@ constexpr double OffsetAfterScaling(unsigned int idUnit, unsigned int range)
     return CatalogueRows::c_temperature[range].offset;
 }
 
+/// Whether a range is that of an imperial length, whatever the quantity: 5 to 10.
+constexpr bool IsImperialLengthRange(unsigned int range)
+{
+    return range < std::size(CatalogueRows::c_length) &&
+           CatalogueRows::c_length[range].type == Unit::UNIT_TYPE_IMPERIAL;
+}
+
 /// How a unit of imperial type is written, by its range alone: as the length of that range, in decimals for all others.
 constexpr Unit::enumUNITFORMAT FormatOfImperialRange(unsigned int range)
 {
-    if (range >= std::size(CatalogueRows::c_length) || CatalogueRows::c_length[range].type != Unit::UNIT_TYPE_IMPERIAL)
-        return Unit::UNITFORMAT_IMPERIAL_DECIMAL;
-    return CatalogueRows::c_length[range].format;
+    return IsImperialLengthRange(range) ? CatalogueRows::c_length[range].format : Unit::UNITFORMAT_IMPERIAL_DECIMAL;
 }
+
+/// The ranges of the lengths that are written with a fraction of an inch.
+inline constexpr unsigned int c_feetAndFractions = 9;
+inline constexpr unsigned int c_inchesAndFractions = 10;
+static_assert(FormatOfImperialRange(c_feetAndFractions) == Unit::UNITFORMAT_FRACTION &&
+              FormatOfImperialRange(c_inchesAndFractions) == Unit::UNITFORMAT_FRACTION);
 
 /// The range of the unit with this symbol or title, whole and case-sensitive, among the units that the look-up finds.
 /// The quantity is no input: "kg" is the force.

@@ -8,5 +8,6 @@
 /// From each separator on, the characters of "Ee0123456789+-.," that follow one another are a decimal part. The parts are
 /// taken from the left.
 /// Kept: a part that is removed is removed from the whole text, also out of longer parts: 1.5 2.55 becomes 1 25.
-/// Time and memory grow with the length of the text, not with the number of parts times the length.
+/// Memory grows with the length of the text, and so does the time for what people write, however many parts of few lengths
+/// there are. A text made up of parts within parts, or of parts of ever other lengths, takes more, its square at the worst.
 std::wstring WithoutDecimalParts(std::wstring_view text, wchar_t separator);

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "vetools/units/ImperialFactors.h"
+#include "vetools/units/UnitCatalogue.h"
 #include "vetools/units/VeUnitBase.h"
 #include "vetools/valuetext/CallerBuffer.h"
 #include "vetools/valuetext/DecimalText.h"
@@ -11,9 +12,6 @@
 
 namespace
 {
-
-constexpr unsigned int c_feetAndFractions = 9;
-constexpr unsigned int c_inchesAndFractions = 10;
 
 /// A length that is shown as feet and inches; every other value is a decimal number.
 bool IsShownAsFeetAndInches(const CVeUnitBase& unit)

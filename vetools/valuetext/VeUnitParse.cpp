@@ -2,6 +2,7 @@
 
 #include "vetools/framework/NumberText.h"
 #include "vetools/units/ImperialFactors.h"
+#include "vetools/units/UnitCatalogue.h"
 #include "vetools/units/UnitSeparator.h"
 #include "vetools/units/VeUnitBase.h"
 #include "vetools/valuetext/DecimalParts.h"
@@ -10,9 +11,6 @@
 
 namespace
 {
-
-constexpr unsigned int c_firstImperialRange = 5;
-constexpr unsigned int c_lastImperialRange = 10;
 
 /// The SI value of inches typed for an imperial length. The metrics factor may itself say that the host's model is in
 /// inches or in feet: the result then is in those.
@@ -43,8 +41,7 @@ double CVeUnitBase::String2Double(const wchar_t* text, int* ok, int applyMetrics
     if (UnitType == Unit::UNIT_TYPE_IMPERIAL && Exponent == 1)
     {
         double feet = 0.0;  // also for a range that is no imperial length: its text is not read
-        if (Range >= c_firstImperialRange && Range <= c_lastImperialRange &&
-            !ReadImperialText(text, feet, LengthIn::Feet, Sep, UnitFormat))
+        if (IsImperialLengthRange(Range) && !ReadImperialText(text, feet, LengthIn::Feet, Sep, UnitFormat))
         {
             feet = 0.0;
             if (ok != nullptr)
