@@ -58,10 +58,10 @@ std::string SystemText(DWORD error)
     return narrow;
 }
 
-class File : public testing::Test
+class LoggedFile : public testing::Test
 {
 protected:
-    ~File() override { gSetDiskFullRetryHook(nullptr); }
+    ~LoggedFile() override { gSetDiskFullRetryHook(nullptr); }
 
     Messages Errors() const { return m_log.Errors(); }
     CString Path(std::wstring_view name) const { return m_folder[name]; }
@@ -89,7 +89,7 @@ int RetrySometimes()
 
 }  // namespace
 
-TEST_F(File, IsMadeWrittenAndRead)
+TEST_F(LoggedFile, IsMadeWrittenAndRead)
 {
     const CString path = Path(L"new");
     DWORD count = 99;
@@ -111,7 +111,7 @@ TEST_F(File, IsMadeWrittenAndRead)
     EXPECT_EQ(Messages(), Errors());
 }
 
-TEST_F(File, AtItsEndReadsNothingAndLogsNothing)
+TEST_F(LoggedFile, AtItsEndReadsNothingAndLogsNothing)
 {
     const Handle file(MakeFile(), GENERIC_READ);
     char bytes[10];
@@ -124,7 +124,7 @@ TEST_F(File, AtItsEndReadsNothingAndLogsNothing)
 }
 
 // Kept: as at the end.
-TEST_F(File, OfWhichNothingIsWantedReadsAsAFailure)
+TEST_F(LoggedFile, OfWhichNothingIsWantedReadsAsAFailure)
 {
     const Handle file(MakeFile(), GENERIC_READ);
     DWORD count = 99;
@@ -133,7 +133,7 @@ TEST_F(File, OfWhichNothingIsWantedReadsAsAFailure)
     EXPECT_EQ(Messages(), Errors());
 }
 
-TEST_F(File, WithAPathOfThreeHundredCharactersIsOpened)
+TEST_F(LoggedFile, WithAPathOfThreeHundredCharactersIsOpened)
 {
     std::wstring folder = m_folder.Path().wstring();
     while (folder.size() < 400)
@@ -158,7 +158,7 @@ TEST_F(File, WithAPathOfThreeHundredCharactersIsOpened)
     EXPECT_EQ(Messages(), Errors());
 }
 
-TEST_F(File, ThatCannotBeOpenedIsLoggedWithItsPathAndTheReason)
+TEST_F(LoggedFile, ThatCannotBeOpenedIsLoggedWithItsPathAndTheReason)
 {
     const CString path = Path(L"missing");
     ::SetLastError(c_sentinel);
@@ -174,7 +174,7 @@ TEST_F(File, ThatCannotBeOpenedIsLoggedWithItsPathAndTheReason)
     EXPECT_EQ("error opening file " + Narrow(existing.View()) + "\n" + SystemText(ERROR_FILE_EXISTS), Errors()[1]);
 }
 
-TEST_F(File, WithAnExtendedPathIsLoggedByThatPath)
+TEST_F(LoggedFile, WithAnExtendedPathIsLoggedByThatPath)
 {
     const std::wstring path = L"\\\\?\\" + std::wstring(Path(L"missing").View());
     EXPECT_FALSE(Handle(path.c_str(), GENERIC_READ).IsOpen());
@@ -183,13 +183,13 @@ TEST_F(File, WithAnExtendedPathIsLoggedByThatPath)
     EXPECT_EQ(0u, errors[0].find("error opening file " + Narrow(path) + "\n"));
 }
 
-TEST_F(File, WithoutAPathIsNotOpenedAndNotLogged)
+TEST_F(LoggedFile, WithoutAPathIsNotOpenedAndNotLogged)
 {
     EXPECT_EQ(INVALID_HANDLE_VALUE, gCreateFile(nullptr, GENERIC_READ, c_shareAll, OPEN_EXISTING, 0));
     EXPECT_EQ(Messages(), Errors());
 }
 
-TEST_F(File, WithAHostilePathIsRefusedWithOneEntry)
+TEST_F(LoggedFile, WithAHostilePathIsRefusedWithOneEntry)
 {
     const std::wstring missing(Path(L"missing\\").View());
     std::size_t entries = 0;
@@ -205,7 +205,7 @@ TEST_F(File, WithAHostilePathIsRefusedWithOneEntry)
     }
 }
 
-TEST_F(File, WithoutAHandleFailsAndIsLogged)
+TEST_F(LoggedFile, WithoutAHandleFailsAndIsLogged)
 {
     char bytes[2] = {};
     for (const HANDLE none : {INVALID_HANDLE_VALUE, HANDLE{nullptr}})
@@ -224,7 +224,7 @@ TEST_F(File, WithoutAHandleFailsAndIsLogged)
     EXPECT_EQ((Messages{writing, reading, writing, reading, writing, reading, writing, reading}), Errors());
 }
 
-TEST_F(File, WithoutABufferFailsAndIsLogged)
+TEST_F(LoggedFile, WithoutABufferFailsAndIsLogged)
 {
     const Handle file(MakeFile(), GENERIC_READ | GENERIC_WRITE);
     EXPECT_EQ(0, gReadFile(file, nullptr, 2, nullptr));
@@ -232,14 +232,14 @@ TEST_F(File, WithoutABufferFailsAndIsLogged)
     EXPECT_EQ((Messages{"error (998) reading from file\n", "error (1784) writing in file\n"}), Errors());
 }
 
-TEST_F(File, IsNotWrittenByAHandleForReading)
+TEST_F(LoggedFile, IsNotWrittenByAHandleForReading)
 {
     const Handle file(MakeFile(), GENERIC_READ);
     EXPECT_EQ(Failed(ERROR_ACCESS_DENIED), OutcomeOf([&] { return gWriteFile(file, "x", 1, nullptr); }));
     EXPECT_EQ((Messages{"error (5) writing in file\n"}), Errors());
 }
 
-TEST_F(File, OnAFullDiskIsWrittenAgainAsLongAsTheHookSaysSo)
+TEST_F(LoggedFile, OnAFullDiskIsWrittenAgainAsLongAsTheHookSaysSo)
 {
     const Handle full(L"/dev/full", GENERIC_WRITE);
     ASSERT_TRUE(full.IsOpen()) << "there is no full device here to test with";
