@@ -58,8 +58,8 @@ TEST(VeVariant, PutBinaryMakesAnArrayOfTheBytesFromZero)
 
 TEST(VeVariant, PutBinaryTakesNoBytesAsAnEmptyArray)
 {
-    BYTE byte = 1;
-    for (BYTE* const data : {&byte, static_cast<BYTE*>(nullptr)})
+    BYTE one = 1;
+    for (BYTE* const data : {&one, static_cast<BYTE*>(nullptr)})
     {
         COleVariant value;
         EXPECT_EQ(1, PutBinaryIntoVariant(value, data, 0));
@@ -70,8 +70,8 @@ TEST(VeVariant, PutBinaryTakesNoBytesAsAnEmptyArray)
 
 TEST(VeVariant, PutBinaryIntoNullGives0)
 {
-    BYTE byte = 1;
-    EXPECT_EQ(0, PutBinaryIntoVariant(nullptr, &byte, 1));
+    BYTE one = 1;
+    EXPECT_EQ(0, PutBinaryIntoVariant(nullptr, &one, 1));
     EXPECT_EQ(0, PutBinaryIntoVariant(nullptr, nullptr, 0));
 }
 
@@ -90,8 +90,8 @@ TEST(VeVariant, KeptPutBinaryOverwritesTheOldValueWithoutFreeingIt)
     value.vt = VT_BSTR;
     value.bstrVal = ::SysAllocString(L"still there");
     const BSTR text = value.bstrVal;
-    BYTE byte = 1;
-    EXPECT_EQ(1, PutBinaryIntoVariant(&value, &byte, 1));
+    BYTE one = 1;
+    EXPECT_EQ(1, PutBinaryIntoVariant(&value, &one, 1));
     EXPECT_STREQ(L"still there", text);
     ::SysFreeString(text);
     ::VariantClear(&value);
@@ -101,8 +101,8 @@ TEST(VeVariant, PutBinaryNeedsNoInitialisedValue)
 {
     VARIANT value;
     std::memset(&value, 0xCD, sizeof value);
-    BYTE byte = 1;
-    EXPECT_EQ(1, PutBinaryIntoVariant(&value, &byte, 1));
+    BYTE one = 1;
+    EXPECT_EQ(1, PutBinaryIntoVariant(&value, &one, 1));
     EXPECT_EQ(VT_ARRAY | VT_UI1, value.vt);
     ::VariantClear(&value);
 }
