@@ -71,7 +71,7 @@ int RunBuildInfo(bool json)
     for (const Fact& fact : c_facts)
     {
         if (fact.isNumber)
-            object.Add(fact.key, std::uint64_t{std::stoul(fact.text())});
+            object.Add(fact.key, std::int64_t{std::stol(fact.text())});
         else
             object.Add(fact.key, Describe(fact));
         const std::string name = fact.name;

@@ -65,6 +65,12 @@ void JsonWriter::Add(std::string_view key, std::uint64_t number)
     m_line.append(std::to_string(number));
 }
 
+void JsonWriter::Add(std::string_view key, std::int64_t number)
+{
+    AddKey(key);
+    m_line.append(std::to_string(number));
+}
+
 void JsonWriter::AddFlag(std::string_view key, bool flag)
 {
     AddKey(key);

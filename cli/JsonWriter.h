@@ -13,6 +13,7 @@ public:
     void Add(std::string_view key, std::string_view text);
     void Add(std::string_view key, double number);
     void Add(std::string_view key, std::uint64_t number);
+    void Add(std::string_view key, std::int64_t number);
     void AddFlag(std::string_view key, bool flag);
     void AddNull(std::string_view key);
 
