@@ -250,3 +250,19 @@ TEST_F(VeTranslate, GivesTheTextsOfAnyModule)
 {
     EXPECT_EQ(L"Mètre", VeGetStringDoc(GetVeToolsModule(), 20925));
 }
+
+TEST_F(VeTranslate, TheLibraryItselfIsAModuleOfTexts)
+{
+    int found = 0;
+    for (const wchar_t* name : {L"vetools", L"libvetools"})  // there is one of them in each build
+    {
+        const CVeTranslate language(nullptr, name);
+        if (language.GetHandleDoc() == nullptr)
+            continue;
+        ++found;
+        EXPECT_EQ(GetVeToolsModule(), language.GetHandleDoc());
+        EXPECT_EQ(L"Mètre", language.GetStringDoc(20925));
+    }
+    EXPECT_EQ(1, found);
+    EXPECT_EQ(L"Mètre", VeGetStringDoc(GetVeToolsModule(), 20925));  // freed as often as loaded
+}

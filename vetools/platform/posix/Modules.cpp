@@ -1,4 +1,5 @@
 #include <dlfcn.h>
+#include <link.h>
 #include <mutex>
 #include <shared_mutex>
 #include <unistd.h>
@@ -180,6 +181,29 @@ OpenedObject OpenByName(const std::string& name)
     return {object, object != nullptr ? ERROR_SUCCESS : ERROR_MOD_NOT_FOUND};
 }
 
+// Whose strings an object gives
+
+/// What the loader has noted down about the object that holds an address; null when none does.
+const link_map* NoteOfHolder(const void* address)
+{
+    Dl_info info;
+    void* note = nullptr;
+    return ::dladdr1(address, &info, &note, RTLD_DL_LINKMAP) != 0 ? static_cast<const link_map*>(note) : nullptr;
+}
+
+bool IsHeldBy(const void* address, void* object)
+{
+    link_map* note = nullptr;
+    return ::dlinfo(object, RTLD_DI_LINKMAP, &note) == 0 && NoteOfHolder(address) == note;
+}
+
+/// The record of the object itself, null where it has none: the loader also finds that of an object which it needs.
+const VeStringModule* FindRecord(void* object)
+{
+    const void* const record = ::dlsym(object, c_recordName);
+    return record != nullptr && IsHeldBy(record, object) ? static_cast<const VeStringModule*>(record) : nullptr;
+}
+
 HINSTANCE FailToLoad(DWORD error)
 {
     ::SetLastError(error);
@@ -203,7 +227,12 @@ HINSTANCE LoadLibraryW(LPCWSTR name)
     const OpenedObject opened = HasFolder(path) ? OpenFile(path) : OpenByName(path);
     if (opened.object == nullptr)
         return FailToLoad(opened.error);
-    const auto* const strings = static_cast<const VeStringModule*>(::dlsym(opened.object, c_recordName));
+    if (IsHeldBy(&c_libraryStrings, opened.object))
+    {
+        ::dlclose(opened.object);  // the library stays as long as this code runs
+        return LibraryModule();
+    }
+    const VeStringModule* const strings = FindRecord(opened.object);
     if (IsUsable(strings))
         return LoadedModules::Instance().Add(opened.object, strings);
     ::dlclose(opened.object);
