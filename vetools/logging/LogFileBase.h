@@ -45,8 +45,9 @@ public:
     ///
     /// directory  a folder without a separator at its end, in which the log is Log.txt; null for Log.log in the current
     ///            folder
-    /// maxSize    bytes beyond which an existing file is deleted first; 0 keeps it whatever its size. Kept: the lower 32
-    ///            bits of the size are compared, as a signed number: a file of 3 GB counts as small
+    /// maxSize    bytes beyond which an existing file is deleted first, unless somebody writes to it; 0 keeps it whatever
+    ///            its size. Kept: the lower 32 bits of the size are compared, as a signed number: a file of 3 GB counts as
+    ///            small
     /// Returns false when there is no memory for the object, and true otherwise, whether or not the file could be opened.
     /// The new log leaves out entries below Message.
     static bool CreateInstance(const wchar_t* directory, int maxSize);

@@ -1,15 +1,21 @@
 #!/usr/bin/env python3
-"""check_writers.py COMMAND...: starts log_writer eight times at once and looks whether every line of both logs is whole."""
+"""check_writers.py COMMAND...: lets log_writer write eight times at once and looks whether every line of both logs is whole.
+
+Somebody reads all the while. The last writer to begin finds the log larger than it may be: it must not take it from those
+who have it open.
+"""
 
 import re
 import subprocess
 import sys
 import tempfile
+import threading
 from collections import defaultdict
 from pathlib import Path
 
 WRITERS = 8
 ENTRIES = 2000
+NO_LIMIT, SMALL_LIMIT = "0", "10"
 TIME = r"\d\d:\d\d:\d\d"
 HEADER = re.compile(r"PID:(\d+) Log started")
 HEADER_LINE = re.compile(rf"PID:(\d+) .+, {TIME}, PID = \1 QM2020\.0\.0")
@@ -57,11 +63,48 @@ def check(folder):
     assert not check_entries(lines, DESIGN_LINE), "other lines in the design log"
 
 
+class Reader(threading.Thread):
+    """Reads a file again and again until it is told to stop."""
+
+    def __init__(self, path):
+        super().__init__()
+        self.path = path
+        self.stopped = threading.Event()
+
+    def run(self):
+        while not self.stopped.wait(0.01):
+            self.path.read_bytes()
+
+
+def begin(command, folder, limit):
+    """A writer that has opened its log, and waits."""
+    writer = subprocess.Popen([*command, str(ENTRIES), limit], cwd=folder, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    assert writer.stdout.readline().strip() == b"open", "a writer does not begin"
+    return writer
+
+
+def write(writers):
+    for writer in writers:
+        writer.stdin.write(b"\n")
+        writer.stdin.flush()
+    codes = []
+    for writer in writers:
+        writer.communicate()
+        codes.append(writer.returncode)
+    assert codes == [0] * WRITERS, f"the writers ended with {codes}"
+
+
 def main(*command):
     with tempfile.TemporaryDirectory() as folder:
-        writers = [subprocess.Popen([*command, str(ENTRIES)], cwd=folder) for _ in range(WRITERS)]
-        codes = [writer.wait() for writer in writers]
-        assert codes == [0] * WRITERS, f"the writers ended with {codes}"
+        writers = [begin(command, folder, NO_LIMIT) for _ in range(WRITERS - 1)]
+        writers.append(begin(command, folder, SMALL_LIMIT))
+        reader = Reader(Path(folder, "Log.txt"))
+        reader.start()
+        try:
+            write(writers)
+        finally:
+            reader.stopped.set()
+            reader.join()
         check(Path(folder))
     print(f"{WRITERS} writers, {ENTRIES} entries each, all whole")
 

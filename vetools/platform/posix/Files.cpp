@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <mutex>
 #include <pthread.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -86,6 +88,59 @@ bool MayDelete(const struct stat& status)
                        });
 }
 
+// Other processes know nothing of s_openFiles. Whoever writes to a file, and does not let others delete it, therefore holds
+// a shared lock on it, and whoever deletes it takes the lock for himself first. Where the file system locks nothing,
+// nothing is guarded.
+
+bool IsGuarded(DWORD access, DWORD share)
+{
+    return (UsedAccess(access) & FILE_SHARE_WRITE) && !(share & FILE_SHARE_DELETE);
+}
+
+bool IsLockedByOthers(int descriptor, int lock)
+{
+    return ::flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+/// Guards an open file. False when it was deleted before that.
+bool Guard(int descriptor)
+{
+    // Who deletes holds the lock for a moment. The lock of a program that we do not know is not waited for any longer.
+    constexpr int c_attempts = 50;
+    constexpr timespec c_moment = {0, 1'000'000};
+    for (int i = 0; i < c_attempts && IsLockedByOthers(descriptor, LOCK_SH); ++i)
+        ::nanosleep(&c_moment, nullptr);
+    struct stat status
+    {
+    };
+    return ::fstat(descriptor, &status) != 0 || status.st_nlink > 0;
+}
+
+bool IsStillThere(int descriptor, const std::string& native)
+{
+    struct stat opened
+    {
+    };
+    struct stat named
+    {
+    };
+    return ::fstat(descriptor, &opened) == 0 && ::lstat(native.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+/// Unlinks a plain file, unless another process guards it or has put another one in its place.
+BOOL UnlinkUnguarded(const std::string& native)
+{
+    const int descriptor = ::open(native.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)  // one who may not read it may delete it
+        return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
+    const bool isFree = !IsLockedByOthers(descriptor, LOCK_EX) && IsStillThere(descriptor, native);
+    const BOOL succeeded =
+        !isFree ? Fail(ERROR_SHARING_VIOLATION) : ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
+    ::close(descriptor);
+    return succeeded;
+}
+
 /// A file that nobody may write: it is refused to everybody, also to the user whom the system's rights don't bind.
 bool IsReadOnly(const struct stat& status)
 {
@@ -113,6 +168,19 @@ int OpenByDisposition(const char* path, int flags, DWORD disposition, mode_t mod
         return descriptor;
     // Not exclusively: the path may be a link to a file that is missing.
     return ::open(path, flags | O_CREAT, mode);
+}
+
+/// The same for a file that is guarded, where `isGuarded` says so.
+int OpenAndGuard(const char* path, int flags, DWORD disposition, mode_t mode, bool isGuarded, bool& existed)
+{
+    constexpr int c_attempts = 10;
+    int descriptor = OpenByDisposition(path, flags, disposition, mode, existed);
+    for (int i = 1; isGuarded && descriptor >= 0 && !Guard(descriptor) && i < c_attempts; ++i)
+    {
+        ::close(descriptor);  // and what is written to it would be lost
+        descriptor = OpenByDisposition(path, flags, disposition, mode, existed);
+    }
+    return descriptor;
 }
 
 bool IsCompletePath(LPCWSTR path)
@@ -174,7 +242,8 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
         return INVALID_HANDLE_VALUE;
     };
     bool existed = false;
-    const int descriptor = OpenByDisposition(native.c_str(), OpenFlags(access), disposition, mode, existed);
+    const int descriptor =
+        OpenAndGuard(native.c_str(), OpenFlags(access), disposition, mode, IsGuarded(access, share), existed);
     if (descriptor < 0)
         return failed(errno == EEXIST ? ERROR_FILE_EXISTS : ErrorOfPath(errno, native));
 
@@ -356,6 +425,8 @@ BOOL DeleteFileW(LPCWSTR path)
         return Fail(ERROR_ACCESS_DENIED);
     if (!MayDelete(status))
         return Fail(ERROR_SHARING_VIOLATION);
+    if (S_ISREG(status.st_mode))
+        return UnlinkUnguarded(native);
     return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
 }
 

@@ -59,6 +59,8 @@ constexpr DWORD MOVEFILE_WRITE_THROUGH = 0x0008;
 /// Opens or creates a file; INVALID_HANDLE_VALUE when that fails. On success the last error is ERROR_ALREADY_EXISTS when
 /// CREATE_ALWAYS or OPEN_ALWAYS met an existing file, else 0. `security` and `templateFile` are not read, and of
 /// `flagsAndAttributes` only FILE_ATTRIBUTE_READONLY is. Sharing is enforced between the handles of this process.
+/// Other processes are kept from one thing, by a lock of the file: DeleteFileW leaves a file that is open to be written,
+/// unless FILE_SHARE_DELETE lets others delete it.
 VETOOLS_API HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void* security, DWORD disposition,
                                DWORD flagsAndAttributes, HANDLE templateFile);
 VETOOLS_API BOOL CloseHandle(HANDLE file);
