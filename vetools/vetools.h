@@ -45,6 +45,6 @@
 #include "vetools/util/VeException.h"
 #include "vetools/util/VeFile.h"
 #include "vetools/util/VeString.h"
-#include "vetools/util/VeVariant.h"
 #include "vetools/util/VeTranslate.h"
+#include "vetools/util/VeVariant.h"
 #include "vetools/valuetext/VeImperialLength.h"

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """check_public_headers.py ROOT HEADER...: the public headers are closed, and vetools.h brings in every one of them.
 
-A public header includes no header that is not installed, directly or by another; the headers of platform/posix come in by
-Platform.h, every other one by its own line in vetools.h.
+A public header includes no header that is not installed. The headers of platform/posix come in by Platform.h, every other one
+by its own line in vetools.h. Only the form of a module of texts is for the modules alone.
 """
 
 import re
@@ -11,10 +11,22 @@ from pathlib import Path
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 UMBRELLA = "vetools/vetools.h"
+FOR_MODULES = "vetools/platform/posix/StringModule.h"
 
 
 def included_by(root, header):
     return INCLUDE.findall((root / header).read_text(encoding="utf-8"))
+
+
+def reached_from(root, header):
+    """The header and all that it brings in."""
+    reached, waiting = set(), [header]
+    while waiting:
+        header = waiting.pop()
+        if header not in reached and (root / header).is_file():
+            reached.add(header)
+            waiting += included_by(root, header)
+    return reached
 
 
 def main(root, *headers):
@@ -31,6 +43,10 @@ def main(root, *headers):
     lines = included_by(root, UMBRELLA)
     problems += [f"{UMBRELLA} does not include {header}" for header in expected if header not in lines]
     problems += [f"{UMBRELLA} includes {line}, which is no public header" for line in lines if line not in expected]
+    missing = public - set(expected) - {FOR_MODULES} - reached_from(root, UMBRELLA)
+    problems += [f"{header} does not come in by {UMBRELLA}" for header in sorted(missing)]
+    if lines != sorted(lines):
+        problems.append(f"{UMBRELLA} is not in alphabetical order")
 
     print("\n".join(problems) if problems else f"{len(public)} public headers")
     return 1 if problems else 0
