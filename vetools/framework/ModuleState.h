@@ -19,7 +19,8 @@ VETOOLS_API void AfxSetResourceHandle(HINSTANCE module) noexcept;
 /// name  a path, or a name without a folder, which is looked for in the folder of the program and then where the system looks for
 ///       libraries. Where it has no extension, that of the system's libraries is meant: .dll, natively .so
 /// Null where there is nothing under the name that can be loaded, the last error telling why; also for an empty name and for
-/// null. Natively a module is a shared object with a string table (vetools/platform/posix/StringModule.h): others are not loaded.
+/// null. Natively a module is the library itself or a shared object with a string table (vetools/platform/posix/StringModule.h):
+/// others are not loaded.
 VETOOLS_API HINSTANCE AfxLoadLibrary(const wchar_t* name);
 
 /// Gives up one use of a module, and unloads it after the last one. Returns 1, or 0 for what is no handle of a module or no

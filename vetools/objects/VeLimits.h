@@ -82,7 +82,7 @@ public:
     int IsMin(double x) const;
     int IsMax(double x) const;
     /// Whether x is at the lower bound or below; at the upper bound or above; either. Bounds have a width of ε on each side.
-    /// Kept: IsOuter calls the bounds themselves outer; it is 1 where IsInStrictly(x, min, max) is 0.
+    /// Kept: IsOuter calls the bounds themselves outer; unless min is above max, it is 1 where IsInStrictly(x, min, max) is 0.
     int IsLowest(double x) const;
     int IsGreatest(double x) const;
     int IsOuter(double x) const;

@@ -5,7 +5,7 @@
 
 // Modules with string tables, under the system's names and with the system's documented results. A module is a shared object
 // with the record of StringModule.h; its handle is a number that is never given twice, so that the handle of a module that was
-// freed stays invalid.
+// freed stays invalid. The library itself is a module, too, whose handle stays.
 
 /// Loads a module, or counts one more use of a module that is loaded; the handle is the same then.
 ///
