@@ -1,4 +1,5 @@
 #include <cstring>
+#include <cwchar>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -85,6 +86,18 @@ TEST(SystemText, OfBytesHasAsManyBytes)
     ASSERT_NE(nullptr, room);
     EXPECT_EQ(3u, ::SysStringByteLen(room));
     ::SysFreeString(room);
+}
+
+TEST(SystemText, OfBytesEndsWithAWholeTerminatorBehindAPartOfACharacter)
+{
+    const std::string bytes(3 * sizeof(OLECHAR), '\x01');
+    for (UINT size = 0; size <= bytes.size(); ++size)
+    {
+        const BSTR text = ::SysAllocStringByteLen(bytes.data(), size);
+        ASSERT_NE(nullptr, text);
+        EXPECT_EQ((size + sizeof(OLECHAR) - 1) / sizeof(OLECHAR), std::wcslen(text)) << size;
+        ::SysFreeString(text);
+    }
 }
 
 TEST(SystemText, IsReplacedByAnother)

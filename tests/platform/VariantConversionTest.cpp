@@ -770,6 +770,51 @@ TEST(ValueConversion, PassesOverCommasBehindTheFirstDigitOrPoint)
         EXPECT_EQ(expected, Converted(*SystemValue(Text(text)), VT_R8)) << testing::PrintToString(std::wstring(text));
 }
 
+TEST(ValueConversion, PassesOverCommasInFrontOfAnExponentButNotWithinIt)
+{
+    for (const auto& [expected, text] : {std::pair("100000", L"1e,5"),
+                                         {"100000", L"1E,,+,5"},
+                                         {"1e-05", L"1e,-5"},
+                                         {"1e-05", L"1e-,5,"},
+                                         {"type", L"1e,"},
+                                         {"type", L"1e-,"}})
+        EXPECT_EQ(expected, Converted(*SystemValue(Text(text)), VT_R8)) << testing::PrintToString(std::wstring(text));
+}
+
+TEST(ValueConversion, ReadsMarksBehindANumberAsOftenAsTheyStandThere)
+{
+    for (const auto& [expected, text] : {std::pair("-12", L"12--"),
+                                         {"12", L"12++"},
+                                         {"12", L"12$$"},
+                                         {"-12", L"12 +- $ -+"},
+                                         {"-12", L"+12--"},
+                                         {"-12", L"-12++"},
+                                         {"-12", L"(12))"},
+                                         {"16", L"&H10++"},
+                                         {"type", L"-12+-"},
+                                         {"type", L"+12-+"},
+                                         {"type", L"12)"},
+                                         {"type", L"$$12"},
+                                         {"type", L"--12"},
+                                         {"type", L"&H10$"},
+                                         {"type", L"(&O17)$"}})
+        EXPECT_EQ(expected, Converted(*SystemValue(Text(text)), VT_R8)) << testing::PrintToString(std::wstring(text));
+}
+
+TEST(ValueConversion, TakesAMinusSignForTheEndOfAParenthesis)
+{
+    for (const auto& [expected, text] : {std::pair("-12", L"(12-"),
+                                         {"-12", L"(-12"},
+                                         {"-12", L"-(12"},
+                                         {"-12", L"$(+12 -"},
+                                         {"16", L"(&H10-"},
+                                         {"type", L"(12"},
+                                         {"type", L"(+12"},
+                                         {"type", L"(12+"},
+                                         {"type", L"(&H10"}})
+        EXPECT_EQ(expected, Converted(*SystemValue(Text(text)), VT_R8)) << testing::PrintToString(std::wstring(text));
+}
+
 TEST(ValueConversion, ReadsATextUpToItsFirstTerminator)
 {
     for (const auto& [expected, text] : {std::pair("1", std::wstring(L"1\0", 2)),
@@ -998,27 +1043,62 @@ TEST(ValueConversion, ReplacesADestinationThatHasATypeOfValues)
     EXPECT_EQ(VT_LPWSTR, invalid.vt);
 }
 
-TEST(ValueConversion, TurnsBytesIntoATextAndBack)
+TEST(ValueConversion, TurnsBytesIntoTheTextThatTheyAreInUtf16AndBack)
 {
-    SystemValue bytes(Integer(VT_ARRAY | VT_UI1, 0));
-    bytes->parray = ::SafeArrayCreateVector(VT_UI1, 3, 8);
-    ASSERT_NE(nullptr, bytes->parray);
-    std::memcpy(bytes->parray->pvData, "a\0b\0c\0d\0", 8);
+    const struct
+    {
+        std::wstring text;
+        std::string bytes;
+    } rows[] = {
+        {L"", {}},
+        {L"a", {"a\0", 2}},
+        {L"abcd", {"a\0b\0c\0d\0", 8}},
+        {{L"a\0b", 3}, {"a\0\0\0b\0", 6}},
+        {L"\u00E8\u20AC\uFFFF", {"\xE8\0\xAC\x20\xFF\xFF", 6}},
+        {L"x\U0001F600y\U0010FFFF", {"x\0\x3D\xD8\0\xDEy\0\xFF\xDB\xFF\xDF", 12}},
+        // halves of a pair: the first at the end, in front of another character, both the wrong way round
+        {{static_cast<wchar_t>(0xD83D)}, "\x3D\xD8"},
+        {{static_cast<wchar_t>(0xD83D), L'x'}, {"\x3D\xD8x\0", 4}},
+        {{static_cast<wchar_t>(0xDE00), static_cast<wchar_t>(0xD83D)}, {"\0\xDE\x3D\xD8", 4}},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(testing::PrintToString(row.text));
+        const SystemValue bytes(Bytes(row.bytes));
+        SystemValue text;
+        ASSERT_EQ(S_OK, ::VariantChangeType(&text, Source(*bytes), 0, VT_BSTR));
+        EXPECT_EQ(row.text, std::wstring(text->bstrVal, ::SysStringLen(text->bstrVal)));
+        SystemValue back;
+        ASSERT_EQ(S_OK, ::VariantChangeType(&back, Source(*SystemValue(Text(row.text))), 0, VT_ARRAY | VT_UI1));
+        EXPECT_EQ(row.bytes, BytesIn(*back));
+        EXPECT_EQ(0, back->parray->rgsabound[0].lLbound);
+    }
+}
 
-    SystemValue text;
-    ASSERT_EQ(S_OK, ::VariantChangeType(&text, &bytes, 0, VT_BSTR));
-    EXPECT_EQ(8u, ::SysStringByteLen(text->bstrVal));
-    EXPECT_EQ(0, std::memcmp("a\0b\0c\0d\0", text->bstrVal, 8));
+TEST(ValueConversion, KeepsAnOddByteBehindTheTextOfTheOthers)
+{
+    for (const std::string bytes : {"x", "abc", "abcdefg"})
+    {
+        const std::size_t length = bytes.size() / 2;
+        SystemValue text;
+        ASSERT_EQ(S_OK, ::VariantChangeType(&text, Source(*SystemValue(Bytes(bytes))), 0, VT_BSTR));
+        EXPECT_EQ(length, ::SysStringLen(text->bstrVal));
+        EXPECT_EQ(static_cast<wchar_t>(bytes.back()), text->bstrVal[length]) << "as the lower byte of a character";
+        EXPECT_EQ(length + 1, std::wcslen(text->bstrVal));
+        SystemValue back;
+        ASSERT_EQ(S_OK, ::VariantChangeType(&back, &text, 0, VT_ARRAY | VT_UI1));
+        EXPECT_EQ(bytes, BytesIn(*back));
+    }
+}
 
-    SystemValue back;
-    ASSERT_EQ(S_OK, ::VariantChangeType(&back, &text, 0, VT_ARRAY | VT_UI1));
-    EXPECT_EQ(8u, back->parray->rgsabound[0].cElements);
-    EXPECT_EQ(0, back->parray->rgsabound[0].lLbound);
-    EXPECT_EQ(0, std::memcmp("a\0b\0c\0d\0", back->parray->pvData, 8));
-
-    EXPECT_EQ("type", Converted(*text, VT_ARRAY | VT_I1));
-    EXPECT_EQ("type", Converted(*bytes, VT_I4));
+TEST(ValueConversion, OfBytesIsATextAloneAndOnlyOfOneDimension)
+{
+    EXPECT_EQ("type", Converted(*SystemValue(Text(L"12")), VT_ARRAY | VT_I1));
+    EXPECT_EQ("type", Converted(*SystemValue(Bytes("12")), VT_I4));
     EXPECT_EQ("arg", Converted(Integer(VT_ARRAY | VT_UI1, 0), VT_BSTR)) << "no array";
+    SystemValue ofNull;
+    ASSERT_EQ(S_OK, ::VariantChangeType(&ofNull, Source(Integer(VT_BSTR, 0)), 0, VT_ARRAY | VT_UI1));
+    EXPECT_EQ("", BytesIn(*ofNull));
 
     SAFEARRAYBOUND bounds[2] = {{2, 0}, {2, 0}};
     SystemValue table(Integer(VT_ARRAY | VT_UI1, 0));

@@ -92,6 +92,20 @@ inline VARIANT ArrayValue(int elementType, SAFEARRAY* array)
     return value;
 }
 
+/// An array of those bytes.
+inline VARIANT Bytes(const std::string& bytes)
+{
+    const VARIANT value = ArrayValue(VT_UI1, ::SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size())));
+    bytes.copy(static_cast<char*>(value.parray->pvData), bytes.size());
+    return value;
+}
+
+/// The bytes of an array of one dimension.
+inline std::string BytesIn(const VARIANT& array)
+{
+    return {static_cast<const char*>(array.parray->pvData), array.parray->rgsabound[0].cElements};
+}
+
 inline VARIANT Reference(int type, void* place)
 {
     VARIANT value = Integer(type | VT_BYREF, 0);

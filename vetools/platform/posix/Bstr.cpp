@@ -47,14 +47,16 @@ BSTR SysAllocStringByteLen(const char* bytes, UINT byteLength)
 {
     if (byteLength > c_maxByteLength)
         return nullptr;
-    auto* header = static_cast<BstrHeader*>(std::malloc(sizeof(BstrHeader) + byteLength + sizeof(OLECHAR)));
+    // The terminator is a whole character, also behind a part of one: who looks for it reads nothing beyond the memory.
+    const std::size_t end = (byteLength + sizeof(OLECHAR) - 1) / sizeof(OLECHAR) * sizeof(OLECHAR) + sizeof(OLECHAR);
+    auto* header = static_cast<BstrHeader*>(std::malloc(sizeof(BstrHeader) + end));
     if (!header)
         return nullptr;
     *header = {0, byteLength};
     auto* const text = reinterpret_cast<char*>(header + 1);
     if (bytes)
         std::memcpy(text, bytes, byteLength);
-    std::memset(text + byteLength, 0, sizeof(OLECHAR));
+    std::memset(text + byteLength, 0, end - byteLength);
     return reinterpret_cast<BSTR>(text);
 }
 

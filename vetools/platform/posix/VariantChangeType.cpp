@@ -1,7 +1,5 @@
-#include <cstring>
-#include <limits>
-
 #include "vetools/platform/posix/OleDate.h"
+#include "vetools/platform/posix/VariantBytes.h"
 #include "vetools/platform/posix/VariantNumber.h"
 #include "vetools/platform/posix/VariantText.h"
 #include "vetools/platform/posix/VariantTypes.h"
@@ -27,6 +25,15 @@ std::wstring_view CharactersOf(BSTR text)
         return {};
     const std::wstring_view all(text, ::SysStringLen(text));
     return all.substr(0, all.find(L'\0'));
+}
+
+HRESULT ReadDecimal(const DECIMAL& decimal, Number& number)
+{
+    const std::optional<ScaledNumber> scaled = NumberOf(decimal);
+    if (!scaled)
+        return E_INVALIDARG;
+    number = *scaled;
+    return S_OK;
 }
 
 /// The number that a value other than a text stands for.
@@ -76,18 +83,11 @@ HRESULT ReadNumber(const VARIANT& source, Number& number)
     case VT_BOOL:
         number = BooleanNumber{source.boolVal};
         return S_OK;
+    case VT_DECIMAL:
+        return ReadDecimal(source.decVal, number);
     default:
         return DISP_E_TYPEMISMATCH;
     }
-}
-
-HRESULT ReadDecimal(const DECIMAL& decimal, Number& number)
-{
-    const std::optional<ScaledNumber> scaled = NumberOf(decimal);
-    if (!scaled)
-        return E_INVALIDARG;
-    number = *scaled;
-    return S_OK;
 }
 
 HRESULT ReadText(BSTR text, Number& number)
@@ -140,7 +140,7 @@ HRESULT DateToText(DATE date, VARIANT& result)
     return end != nullptr ? MakeText(text, end, result) : E_INVALIDARG;
 }
 
-/// Bytes of one dimension as a text of as many bytes.
+/// Bytes of one dimension as the text that they are on Windows.
 HRESULT BytesToText(SAFEARRAY* bytes, VARIANT& result)
 {
     if (bytes == nullptr || ::SafeArrayGetDim(bytes) != 1)
@@ -149,7 +149,7 @@ HRESULT BytesToText(SAFEARRAY* bytes, VARIANT& result)
     const HRESULT access = ::SafeArrayAccessData(bytes, &data);
     if (FAILED(access))
         return access;
-    result.bstrVal = ::SysAllocStringByteLen(static_cast<const char*>(data), bytes->rgsabound[0].cElements);
+    result.bstrVal = TextOfBytes(static_cast<const BYTE*>(data), bytes->rgsabound[0].cElements);
     ::SafeArrayUnaccessData(bytes);
     if (result.bstrVal == nullptr)
         return E_OUTOFMEMORY;
@@ -159,13 +159,9 @@ HRESULT BytesToText(SAFEARRAY* bytes, VARIANT& result)
 
 HRESULT TextToBytes(BSTR text, VARIANT& result)
 {
-    const UINT byteLength = ::SysStringByteLen(text);
-    SAFEARRAY* const bytes = ::SafeArrayCreateVector(VT_UI1, 0, byteLength);
-    if (bytes == nullptr)
+    result.parray = BytesOfText(text);
+    if (result.parray == nullptr)
         return E_OUTOFMEMORY;
-    if (byteLength > 0)
-        std::memcpy(bytes->pvData, text, byteLength);
-    result.parray = bytes;
     result.vt = c_bytes;
     return S_OK;
 }
@@ -187,7 +183,7 @@ HRESULT ToText(const VARIANT& source, USHORT flags, VARIANT& result)
     }
 
     Number number;
-    const HRESULT read = source.vt == VT_DECIMAL ? ReadDecimal(source.decVal, number) : ReadNumber(source, number);
+    const HRESULT read = ReadNumber(source, number);
     if (FAILED(read))
         return read;
     wchar_t text[c_maxNumberText];
@@ -247,7 +243,7 @@ HRESULT ToNumber(const VARIANT& source, VARTYPE type, VARIANT& result)
     if (source.vt == VT_BSTR)
         return type == VT_DATE ? TextToDate(source.bstrVal, result) : TextToNumber(source.bstrVal, type, result);
     Number number;
-    const HRESULT read = source.vt == VT_DECIMAL ? ReadDecimal(source.decVal, number) : ReadNumber(source, number);
+    const HRESULT read = ReadNumber(source, number);
     if (FAILED(read))
         return read;
     return type == VT_DATE ? NumberToDate(number, result) : WriteNumber(number, type, result);

@@ -203,7 +203,8 @@ std::optional<ScaledNumber> ScaledOf(double value, int scale)
     const auto bits = static_cast<std::uint64_t>(std::ldexp(fraction, DBL_MANT_DIG));
     const Magnitude scaled = bits * PowerOfTen(scale);
     const int shift = DBL_MANT_DIG - exponent;
-    return ScaledNumber{value<0, shift> 0 ? ShiftedRight(scaled, shift) : scaled << -shift, scale};
+    const Magnitude magnitude = shift > 0 ? ShiftedRight(scaled, shift) : scaled << -shift;
+    return ScaledNumber{value < 0, magnitude, scale};
 }
 
 // Each kind of number as a DECIMAL, with as many decimals as it has or as fit

@@ -51,17 +51,18 @@ public:
             return ReadBits(number);
 
         DigitNumber& digits = number.emplace<DigitNumber>();
-        if (!ConsumeDigits(digits) || !ConsumeExponent(digits) || !ConsumeTrailingMarks(Commas::Allowed))
+        if (!ConsumeDigits(digits) || !ConsumeExponent(digits) || !ConsumeTrailingMarks(Marks::OfDecimals))
             return NumberTextError::NoNumber;
         digits.negative = m_isNegative;
         return NumberTextError::None;
     }
 
 private:
-    enum class Commas
+    /// Hexadecimal and octal digits have neither commas nor currency behind them.
+    enum class Marks
     {
-        Allowed,
-        Refused
+        OfDecimals,
+        OfBits
     };
 
     bool Consume(wchar_t character)
@@ -80,6 +81,13 @@ private:
         return true;
     }
 
+    void ConsumeCommas()
+    {
+        while (Consume(c_groupSeparator))
+        {
+        }
+    }
+
     bool ConsumeSpace()
     {
         if (m_rest.empty() || !IsSpace(m_rest.front()))
@@ -88,36 +96,35 @@ private:
         return true;
     }
 
-    bool ConsumeSign()
-    {
-        if (ConsumeOnce(L'-', m_hasMinus))
-        {
-            m_isNegative = true;
-            return true;
-        }
-        return ConsumeOnce(L'+', m_hasPlus);
-    }
-
     /// " $ (" and the like: each mark once, in any order.
     void ConsumeLeadingMarks()
     {
-        while (ConsumeSpace() || ConsumeSign() || ConsumeOnce(c_currency, m_hasCurrency) ||
-               ConsumeOnce(L'(', m_hasParenthesis))
+        while (ConsumeSpace() || ConsumeOnce(L'-', m_hasMinus) || ConsumeOnce(L'+', m_hasPlus) ||
+               ConsumeOnce(c_currency, m_hasCurrency) || ConsumeOnce(L'(', m_hasParenthesis))
         {
         }
-        m_isNegative = m_isNegative || m_hasParenthesis;
+        m_isNegative = m_hasMinus;
     }
 
-    /// A sign stands on one side only; a parenthesis must be closed. Decimal numbers may have commas here too. Takes the rest of the text.
-    bool ConsumeTrailingMarks(Commas commas)
+    /// A minus sign where there is none in front, or the end of a parenthesis.
+    bool ConsumeTrailingNegation()
     {
-        bool hasCurrency = false;
-        bool isClosed = false;
-        while (ConsumeSpace() || (commas == Commas::Allowed && Consume(c_groupSeparator)) || ConsumeSign() ||
-               ConsumeOnce(c_currency, hasCurrency) || (m_hasParenthesis && ConsumeOnce(L')', isClosed)))
+        if ((m_hasMinus || !Consume(L'-')) && (!m_hasParenthesis || !Consume(L')')))
+            return false;
+        m_isNegative = true;
+        return true;
+    }
+
+    /// Each mark as often as it likes, but a sign stands on one side only. Takes the rest of the text. Whatever negates the
+    /// number closes its parenthesis: "(12-", as Windows reads it.
+    bool ConsumeTrailingMarks(Marks marks)
+    {
+        const bool isDecimal = marks == Marks::OfDecimals;
+        while (ConsumeSpace() || (!m_hasPlus && Consume(L'+')) || ConsumeTrailingNegation() ||
+               (isDecimal && (Consume(c_groupSeparator) || Consume(c_currency))))
         {
         }
-        return m_rest.empty() && isClosed == m_hasParenthesis;
+        return m_rest.empty() && (m_isNegative || !m_hasParenthesis);
     }
 
     /// Whether there is a digit: "1,234.5", ".5", "5.".
@@ -156,15 +163,18 @@ private:
         number.hasMore = number.hasMore || digit != '0';
     }
 
-    /// Nothing at all, or e, a sign and at least one digit. An exponent beyond every double is as good as any other.
+    /// Nothing at all, or e, a sign and at least one digit; commas may stand in front of sign and digits. An exponent beyond
+    /// every double is as good as any other.
     bool ConsumeExponent(DigitNumber& number)
     {
         constexpr std::int64_t c_largest = std::numeric_limits<std::int32_t>::max();
         if (!Consume(L'e') && !Consume(L'E'))
             return true;
+        ConsumeCommas();
         const bool isNegative = Consume(L'-');
         if (!isNegative)
             Consume(L'+');
+        ConsumeCommas();
         if (m_hasCurrency || m_rest.empty() || !IsDigit(m_rest.front()))
             return false;
         std::int64_t exponent = 0;
@@ -192,7 +202,7 @@ private:
             bits = (bits << bitsPerDigit) | DigitValue(m_rest.front());
             hasDigit = true;
         }
-        if (!hasDigit || !ConsumeTrailingMarks(Commas::Refused))
+        if (!hasDigit || !ConsumeTrailingMarks(Marks::OfBits))
             return NumberTextError::NoNumber;
         number = BitNumber{bits};
         return isTooLarge ? NumberTextError::TooLarge : NumberTextError::None;

@@ -24,9 +24,11 @@ enum class NumberTextError
 };
 
 /// Reads a whole text as a number. White space may stand at both ends and between marks. In front of the digits there may
-/// be a sign, an opening parenthesis and the currency sign, in any order, behind them the same with a closing one; a minus
-/// sign or parentheses negate. Commas may stand anywhere behind the first digit or point; then come decimals and an
-/// exponent, which money has not. &H and &O begin hexadecimal and octal digits: TooLarge for more than 64 bits.
+/// be both signs, an opening parenthesis and the currency sign, each once, in any order; behind them the same with a closing
+/// one, as often as they like, save for a sign that stands in front. A minus sign or a closing parenthesis negates, and
+/// either closes the parenthesis. Commas may stand anywhere behind the first digit or point, but not within an exponent,
+/// which money has not. &H and &O begin hexadecimal and octal digits, which have neither commas nor currency: TooLarge for
+/// more than 64 bits.
 NumberTextError ReadNumberText(std::wstring_view text, Number& number);
 
 /// True, False, in any case, or #TRUE#, #FALSE#.

@@ -313,7 +313,8 @@ VETOOLS_API HRESULT VariantCopyInd(VARIANT* destination, const VARIANTARG* sourc
 ///
 /// A number becomes the nearest integer, halves the even one. A text is a number in the notation of the United States
 /// ("(1,234.50)" is -1234.5, "&HFF" is 255), a Boolean or a date ("1/18/2021 2:05:09 PM"), whatever the user's language.
-/// A number becomes a text of 15 digits, of 7 for VT_R4.
+/// A number becomes a text of 15 digits, of 7 for VT_R4. An array of bytes, VT_ARRAY | VT_UI1, becomes the text that they
+/// are in UTF-16, the lower byte first, and a text becomes such an array.
 /// DISP_E_TYPEMISMATCH for what does not convert, DISP_E_OVERFLOW for what does not fit, DISP_E_BADVARTYPE for a type
 /// that no value has, E_INVALIDARG for null. The destination keeps what it held then.
 VETOOLS_API HRESULT VariantChangeType(VARIANTARG* destination, const VARIANTARG* source, USHORT flags, VARTYPE type);
