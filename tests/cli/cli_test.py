@@ -14,6 +14,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import unittest
 from pathlib import Path
@@ -956,6 +957,11 @@ class LogFollow(LogTest):
         program = subprocess.Popen([*PROGRAM, "log", "-f", *arguments, "--json"], cwd=self.folder, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.addCleanup(self.end, program)
+        # What never shows its next entry ends, so that waiting for it fails.
+        limit = threading.Timer(120, program.kill)
+        limit.daemon = True
+        limit.start()
+        self.addCleanup(limit.cancel)
         return program
 
     def end(self, program):
@@ -1012,7 +1018,7 @@ class LogFollow(LogTest):
         for number, text in enumerate((b"cut", b"cut again, and longer than it was before", b"cut once more")):
             path.write_bytes(b"PID:1 10:00:0%d Message : %s\n" % (number, text))
             self.assertEqual(self.next_message(program), text.decode())
-        for text in (b"made anew", b"made anew"):
+        for text in (b"made anew", b"made again"):
             path.unlink()
             time.sleep(0.5)
             self.add(b"PID:1 10:00:09 Message : " + text + b"\n")

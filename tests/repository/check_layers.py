@@ -11,10 +11,10 @@ from pathlib import Path
 
 # From the lowest to the highest. The folder of a layer is `vetools/<layer>`.
 LAYERS = ("platform", "framework", "resources", "objects", "logging", "util", "units", "valuetext", "unitmanager")
-# Users of the library: they may include every layer, but none another user. What the command is made of is tested all the
-# same.
+# Users of the library: they may include every layer, but none another user, except where a folder is shared with those named
+# here: what the command is made of is tested as well, and benchmarks work in the temporary folders of tests.
 USERS = ("cli", "tests", "bench", "fuzz", "examples")
-TESTED, TESTERS = "cli", ("tests", "fuzz")
+SHARED = {"cli/": ("tests", "fuzz"), "tests/support/": ("bench",)}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SYSTEM_CONDITION = re.compile(
@@ -54,8 +54,8 @@ def include_problem(root, path, included):
     if own.parts[0] == "vetools":
         return None if own.suffix == ".rc" else 'is not written from the root, as "vetools/..."'
     other = included.split("/", 1)[0]
-    is_test = other == TESTED and own.parts[0] in TESTERS
-    if other in USERS and other != own.parts[0] and not is_test:
+    is_shared = any(included.startswith(folder) and own.parts[0] in users for folder, users in SHARED.items())
+    if other in USERS and other != own.parts[0] and not is_shared:
         return "belongs to another part of the repository"
     return None
 
