@@ -266,14 +266,34 @@ TEST_F(Files, AreReadUpToTheirEnd)
 
 TEST_F(Files, AreNotReadNorWrittenWithoutThatAccess)
 {
-    char character = 0;
-    DWORD count = 99;
-    const Handle reader(m_folder[L"file"], GENERIC_READ);
-    EXPECT_EQ(Failed(ERROR_ACCESS_DENIED), Write(reader, "x"));
-    const Handle writer(m_folder[L"file"], GENERIC_WRITE);
-    EXPECT_EQ(Failed(ERROR_ACCESS_DENIED),
-              OutcomeOf([&] { return ::ReadFile(writer, &character, 1, &count, nullptr); }));
-    EXPECT_EQ(0u, count);
+    const Outcome refused = Failed(ERROR_ACCESS_DENIED);
+    const struct
+    {
+        DWORD access;
+        Outcome reading;
+        Outcome writing;
+    } rows[] = {
+        {GENERIC_READ, c_done, refused},
+        {GENERIC_WRITE, refused, c_done},
+        {FILE_APPEND_DATA, refused, c_done},
+        {GENERIC_READ | GENERIC_WRITE, c_done, c_done},
+        {0, refused, refused},
+    };
+    for (const auto& row : rows)
+    {
+        const Handle file(m_folder[L"file"], row.access);
+        for (const DWORD size : {0u, 1u})
+        {
+            char letter = 'x';
+            EXPECT_EQ(row.writing, OutcomeOf([&] { return ::WriteFile(file, &letter, size, nullptr, nullptr); }))
+                << std::hex << row.access << ' ' << size;
+            DWORD count = 99;
+            EXPECT_EQ(row.reading, OutcomeOf([&] { return ::ReadFile(file, &letter, size, &count, nullptr); }))
+                << std::hex << row.access << ' ' << size;
+            EXPECT_GE(size, count);
+        }
+        EXPECT_EQ(row.writing, OutcomeOf([&] { return ::FlushFileBuffers(file); })) << std::hex << row.access;
+    }
 }
 
 TEST_F(Files, AreNothingWithoutAHandle)
@@ -286,6 +306,8 @@ TEST_F(Files, AreNothingWithoutAHandle)
               OutcomeOf([&] { return ::ReadFile(none, &character, 1, &count, nullptr); }));
     EXPECT_EQ(0u, count);
     EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), Write(none, "x"));
+    EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), Write(none, ""));
+    EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), OutcomeOf([&] { return ::ReadFile(none, nullptr, 0, &count, nullptr); }));
     EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), OutcomeOf([&] { return ::GetFileSizeEx(none, &size); }));
     EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), OutcomeOf([&] { return ::SetFilePointerEx(none, {}, &size, FILE_BEGIN); }));
     EXPECT_EQ(Failed(ERROR_INVALID_HANDLE), OutcomeOf([&] { return ::SetEndOfFile(none); }));

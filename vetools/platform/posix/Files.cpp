@@ -44,19 +44,44 @@ HANDLE HandleOf(int descriptor)
     return reinterpret_cast<HANDLE>((static_cast<std::intptr_t>(descriptor) + 1) * 4);
 }
 
-int DescriptorOf(HANDLE file)
+/// The number that a handle stands for, be it open or not; -1 for what is no handle of a file.
+int NumberOf(HANDLE file)
 {
     const auto value = reinterpret_cast<std::intptr_t>(file);
     const bool isFile = value > 0 && value % 4 == 0 && value / 4 <= std::numeric_limits<int>::max();
     return isFile ? static_cast<int>(value / 4 - 1) : -1;
 }
 
-/// As FailWithErrno; a handle that is open, but not for what is asked of it, is refused rather than invalid.
-BOOL FailOfTransfer(int descriptor)
+std::vector<OpenFile>::iterator FindOpen(HANDLE file)
 {
-    const int number = errno;
-    const bool isOpen = number == EBADF && ::fcntl(descriptor, F_GETFD) >= 0;
-    return Fail(isOpen ? ERROR_ACCESS_DENIED : ErrorFromErrno(number));
+    return std::find_if(s_openFiles.begin(), s_openFiles.end(),
+                        [number = NumberOf(file)](const OpenFile& opened) { return opened.descriptor == number; });
+}
+
+/// What is open by a handle: nothing for one that was closed, whose number the system may have given to a file of somebody
+/// else since, nor for that of the standard input.
+std::optional<OpenFile> OpenFileOf(HANDLE file)
+{
+    const std::lock_guard guard(s_openFilesGuard);
+    const auto found = FindOpen(file);
+    return found != s_openFiles.end() ? std::optional(*found) : std::nullopt;
+}
+
+int DescriptorOf(HANDLE file)
+{
+    const std::optional<OpenFile> opened = OpenFileOf(file);
+    return opened ? opened->descriptor : -1;
+}
+
+/// The descriptor of a handle that is open for `use`, FILE_SHARE_READ or FILE_SHARE_WRITE; -1 with the last error set for
+/// any other.
+int DescriptorFor(DWORD use, HANDLE file)
+{
+    const std::optional<OpenFile> opened = OpenFileOf(file);
+    if (opened && (opened->access & use))
+        return opened->descriptor;
+    Fail(opened ? ERROR_ACCESS_DENIED : ERROR_INVALID_HANDLE);
+    return -1;
 }
 
 DWORD UsedAccess(DWORD access)
@@ -301,12 +326,10 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposi
 
 BOOL CloseHandle(HANDLE file)
 {
-    const int descriptor = DescriptorOf(file);
+    const int descriptor = NumberOf(file);
     {
         const std::lock_guard guard(s_openFilesGuard);
-        const auto found =
-            std::find_if(s_openFiles.begin(), s_openFiles.end(),
-                         [descriptor](const OpenFile& opened) { return opened.descriptor == descriptor; });
+        const auto found = FindOpen(file);
         if (found == s_openFiles.end())
             return Fail(ERROR_INVALID_HANDLE);
         s_openFiles.erase(found);
@@ -317,16 +340,17 @@ BOOL CloseHandle(HANDLE file)
 BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
 {
     DWORD done = 0;
-    bool succeeded = buffer || size == 0 || Fail(ERROR_NOACCESS);
+    const int descriptor = DescriptorFor(FILE_SHARE_READ, file);
+    bool succeeded = descriptor >= 0 && (buffer || size == 0 || Fail(ERROR_NOACCESS));
     while (succeeded && done < size)
     {
-        const ssize_t count = ::read(DescriptorOf(file), static_cast<char*>(buffer) + done, size - done);
+        const ssize_t count = ::read(descriptor, static_cast<char*>(buffer) + done, size - done);
         if (count == 0)
             break;
         if (count > 0)
             done += static_cast<DWORD>(count);
         else if (errno != EINTR)
-            succeeded = FailOfTransfer(DescriptorOf(file));
+            succeeded = FailWithErrno();
     }
     if (read)
         *read = done;
@@ -336,10 +360,11 @@ BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, void*)
 BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
 {
     DWORD done = 0;
-    bool succeeded = buffer || size == 0 || Fail(ERROR_INVALID_USER_BUFFER);
+    const int descriptor = DescriptorFor(FILE_SHARE_WRITE, file);
+    bool succeeded = descriptor >= 0 && (buffer || size == 0 || Fail(ERROR_INVALID_USER_BUFFER));
     while (succeeded && done < size)
     {
-        const ssize_t count = ::write(DescriptorOf(file), static_cast<const char*>(buffer) + done, size - done);
+        const ssize_t count = ::write(descriptor, static_cast<const char*>(buffer) + done, size - done);
         if (count > 0)
             done += static_cast<DWORD>(count);
         else if (count == 0)
@@ -349,7 +374,7 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
             break;
         }
         else if (errno != EINTR)
-            succeeded = FailOfTransfer(DescriptorOf(file));
+            succeeded = FailWithErrno();
     }
     if (written)
         *written = done;
@@ -358,7 +383,8 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written, void*)
 
 BOOL FlushFileBuffers(HANDLE file)
 {
-    return ::fsync(DescriptorOf(file)) == 0 ? 1 : FailWithErrno();
+    const int descriptor = DescriptorFor(FILE_SHARE_WRITE, file);
+    return descriptor >= 0 && (::fsync(descriptor) == 0 || FailWithErrno());
 }
 
 BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from)
@@ -541,7 +567,10 @@ DWORD GetFileType(HANDLE file)
 
 DWORD GetFinalPathNameByHandleW(HANDLE file, LPWSTR path, DWORD capacity, DWORD)
 {
-    const std::string link = "/proc/self/fd/" + std::to_string(DescriptorOf(file));
+    const int descriptor = DescriptorOf(file);
+    if (descriptor < 0)
+        return static_cast<DWORD>(Fail(ERROR_INVALID_HANDLE));
+    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
     std::array<char, PATH_MAX> target{};
     const ssize_t length = ::readlink(link.c_str(), target.data(), target.size());
     if (length < 0)
