@@ -41,6 +41,22 @@ TEST(WindowsPath, IsExtendedByAPrefixThatSaysWhetherItIsOnTheNetwork)
     }
 }
 
+TEST(WindowsPath, IsTheRootWhenNoNameIsLeft)
+{
+    for (const wchar_t* root : {L"\\", L"/", L"\\\\", L"\\/\\", L"\\.", L"\\..", L"/./..", L"\\a\\..", L"\\a\\b\\..\\..\\..\\", L"\\...", L"\\ ",
+                                L"C:\\", L"c:/", L"Z:\\.", L"C:\\a\\..", L"\\\\?\\", L"\\\\?\\\\", L"\\\\?\\/", L"\\\\?\\C:", L"\\\\?\\C:\\",
+                                L"\\\\?\\C:\\a\\..", L"\\\\?\\UNC\\", L"\\\\?\\unc\\.", L"\\\\?\\UNC\\\\", L"\\\\.\\", L"\\\\.", L"\\\\.\\C:\\"})
+    {
+        EXPECT_TRUE(IsRootPath(root)) << testing::PrintToString(root);
+    }
+    for (const wchar_t* other : {L"", L"a", L".", L"..", L" ", L"..\\..", L"a\\..", L"C:", L"C:a", L"C:.", L"\\a", L"/a", L"C:\\a",
+                                 L"C:\\.a", L"C:\\a\\.", L"C:\\a\\b\\..", L"\\..\\a", L"\\\\server", L"\\\\server\\share",
+                                 L"\\\\?\\a", L"\\\\?\\C:\\a", L"\\\\?\\UNC", L"\\\\?\\UNC\\server", L"\\\\.\\pipe"})
+    {
+        EXPECT_FALSE(IsRootPath(other)) << testing::PrintToString(other);
+    }
+}
+
 TEST(WindowsPath, HasALastComponentAndAFolderBeforeIt)
 {
     const struct

@@ -143,11 +143,14 @@ TEST_F(Directory, IsDestroyedWithAllThatIsInIt)
     EXPECT_EQ(0, At(L"tree").IsExist());
 }
 
-TEST_F(Directory, IsRemovedByAPathThatEndsWithABackslash)
+TEST_F(Directory, IsRemovedWhateverSeparatorsAndPointsEndItsPath)
 {
-    Make(L"tree/a/file");
-    EXPECT_NE(0, At(L"tree").Remove(Path(L"tree\\")));
-    EXPECT_FALSE(Exists(L"tree"));
+    for (const wchar_t* path : {L"tree\\", L"tree\\\\", L"tree/", L"tree\\.", L"tree\\.\\", L"tree\\.\\."})
+    {
+        Make(L"tree/a/file");
+        EXPECT_NE(0, At(L"tree").Remove(Path(path))) << testing::PrintToString(path);
+        EXPECT_FALSE(Exists(L"tree")) << testing::PrintToString(path);
+    }
 }
 
 TEST_F(Directory, RemovesAnyOtherFolder)

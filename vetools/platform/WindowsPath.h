@@ -30,6 +30,10 @@ bool IsUncPath(std::wstring_view path);
 /// count here, and they are always on the network: nothing has to be asked of the system.
 std::wstring ExtendedPath(std::wstring_view path);
 
+/// Whether a path names the root of a drive, by its text: `\`, `C:\`, `C:\a\..`, `\\?\C:\`. Components of points and blanks
+/// alone are taken for none, as the system does. Not for what depends on a current folder, nor for the root of a share.
+bool IsRootPath(std::wstring_view path);
+
 /// What stands before the last component, with the separator: "C:\out\" of "C:\out\a.txt", nothing of "a.txt".
 std::wstring_view FolderPart(std::wstring_view path);
 /// What stands behind the last separator: "a.txt" of "C:\out\a.txt", nothing of "C:\out\".

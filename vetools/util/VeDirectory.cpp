@@ -32,16 +32,17 @@ bool IsFolder(DWORD attributes)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-/// Whether a path has any name in it; without one it stands for the root of the current drive.
-bool HasName(const CString& path)
+/// A path without separators and "." at its end, which may stand for what a link leads to.
+CString WithoutTail(CString path)
 {
-    return path.View().find_first_not_of(L"\\/") != std::wstring_view::npos;
+    while (!path.TrimRight(L"\\/").IsEmpty() && LastComponent(path.View()) == L"." && path.GetLength() > 1)
+        path.Truncate(path.GetLength() - 1);
+    return path;
 }
 
-/// Separators at the end would stand for what the link leads to.
 bool IsLinkToFolder(const CString& path)
 {
-    const DWORD attributes = ::GetFileAttributesW(CString(path).TrimRight(L"\\/"));
+    const DWORD attributes = ::GetFileAttributesW(path);
     return IsFolder(attributes) && (attributes & FILE_ATTRIBUTE_REPARSE_POINT);
 }
 
@@ -175,9 +176,10 @@ int CVeDirectory::Purge() const
 
 int CVeDirectory::Remove(CString path) const
 {
-    path = CString(path.GetString());
-    if (!IsExist() || !HasName(path))
+    path = PathIn(path, L"");
+    if (!IsExist() || IsRootPath(path.View()))
         return 0;
+    path = WithoutTail(path);
     if (IsLinkToFolder(path))
         return ::RemoveDirectoryW(path);
 
@@ -226,6 +228,8 @@ CString CVeDirectory::GetFriend(CString name) const
 
 CString CVeDirectory::GetDir(CString name, CString root) const
 {
+    if (name.IsEmpty())
+        return CString();  // without a look at all folders, of which none has that name
     // The folders of one depth stand before those of the next.
     std::queue<CString> folders;
     for (folders.push(root); !folders.empty(); folders.pop())

@@ -45,7 +45,7 @@ public:
     /// Kept: nothing happens, and the result is 0, when the folder of this object does not exist, whatever `path` names. That
     /// is asked anew for every folder below `path`: when the removal takes this object's own folder, what comes after it
     /// stays.
-    /// A path without any name (empty, or separators alone) would be all of the current drive: 0, and nothing happens.
+    /// The root of a drive (an empty path, separators alone, `C:`, `C:\`, `C:\a\..`) is not emptied: 0, and nothing happens.
     int Remove(CString path) const;
 
     /// Copies the files of another folder into this one, under their names. What is there already stays as it is; folders

@@ -1,5 +1,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -53,6 +54,21 @@ private:
     __rlimit_resource m_resource;
     rlimit m_old{};
 };
+
+/// What a child process finds that no right of an administrator helps.
+template <typename Question>
+bool AsAnybody(const fs::path& folder, Question question)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+    {
+        constexpr uid_t c_nobody = 65534;
+        const bool isReady = ::chdir(folder.c_str()) == 0 && (::geteuid() != 0 || ::setuid(c_nobody) == 0);
+        ::_exit(isReady && question() ? 0 : 1);
+    }
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
 
 constexpr const char* c_hostileNames[] = {
     "bad\xFF",     "\xC3",         "\xED\xA0\x80", "\xF5\x80", "a\\b",    "\\", "..\\..\\x", "a*b",   "?",
@@ -121,10 +137,32 @@ TEST_F(HostileFolder, IsNotLeftByALink)
     EXPECT_FALSE(fs::exists(m_folder / "tree"));
     EXPECT_TRUE(fs::exists(m_folder / "outside" / "kept"));
 
-    // The link itself goes, also when separators say that its target is meant.
-    EXPECT_NE(0, CVeDirectory(Path(L"entry\\\\")).Destroy());
-    EXPECT_FALSE(fs::is_symlink(m_folder / "entry"));
-    EXPECT_TRUE(fs::exists(m_folder / "outside" / "kept"));
+    // The link itself goes, also when the end of the path says that its target is meant.
+    for (const wchar_t* path : {L"entry", L"entry\\\\", L"entry\\.", L"entry/./\\.\\"})
+    {
+        EXPECT_NE(0, CVeDirectory(Path(path)).Destroy()) << testing::PrintToString(path);
+        EXPECT_FALSE(fs::is_symlink(m_folder / "entry")) << testing::PrintToString(path);
+        EXPECT_TRUE(fs::exists(m_folder / "outside" / "kept")) << testing::PrintToString(path);
+        fs::create_directory_symlink("outside", m_folder / "entry");
+    }
+}
+
+// A folder may let its names be read, but not be gone into.
+TEST_F(HostileFolder, ThatIsLockedStillExistsAndListsItsNames)
+{
+    Make("locked/a.txt");
+    fs::create_directory(m_folder / "locked" / "folder");
+    fs::permissions(m_folder / "locked", fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    const auto asAnybody = [this](auto question)
+    {
+        return AsAnybody(m_folder.Path(), [question] { return question(CVeDirectory(L"locked")); });
+    };
+    EXPECT_TRUE(asAnybody([](const CVeDirectory& folder) { return folder.IsExist() != 0; }));
+    EXPECT_TRUE(asAnybody([](const CVeDirectory& folder) { return folder.Destroy() == 0; }));
+    EXPECT_TRUE(asAnybody([](const CVeDirectory& folder) { return folder.GetChild(L"folder") == L"locked\\folder"; }));
+    EXPECT_TRUE(asAnybody([](const CVeDirectory& folder) { return folder.GetIncName(L"a.txt") == L"a2.txt"; }));
+    fs::permissions(m_folder / "locked", fs::perms::owner_all);
+    EXPECT_TRUE(fs::exists(m_folder / "locked" / "a.txt"));
 }
 
 TEST_F(HostileFolder, IsDestroyedHoweverDeepWithFewFilesOpen)

@@ -71,6 +71,16 @@ void Store(const Entry& entry, WIN32_FIND_DATAW& found)
     entry.name.copy(found.cFileName, MAX_PATH - 1);
 }
 
+/// What a folder tells of an entry that may not be looked at: its kind.
+WIN32_FILE_ATTRIBUTE_DATA StatusOfKind(unsigned char kind)
+{
+    WIN32_FILE_ATTRIBUTE_DATA status{};
+    status.dwFileAttributes = kind == DT_DIR ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    if (kind == DT_LNK)
+        status.dwFileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+    return status;
+}
+
 /// A search under way. "." and ".." are found without a look at the rest of the folder, so that asking whether a folder
 /// exists costs the same for one of ten entries and of ten thousand. The rest is read at once when it is first needed, and
 /// the folder closed: a search that goes down a tree holds no more than one folder open, however deep the tree.
@@ -97,7 +107,7 @@ public:
         {
             const char* name = m_dots.back();
             m_dots.pop_back();
-            const std::optional<Entry> entry = Match(name);
+            const std::optional<Entry> entry = Match(name, DT_DIR);
             if (!entry)
                 continue;
             Store(*entry, found);
@@ -126,16 +136,16 @@ private:
     }
 
     /// The entry of that name, when it fits the pattern and still exists.
-    std::optional<Entry> Match(const char* name) const
+    std::optional<Entry> Match(const char* name, unsigned char kind) const
     {
         Entry entry{WidePath(name), {}, {}};
         entry.upperName = UpperName(entry.name);
         if (!m_pattern.Matches(entry.upperName))
             return std::nullopt;
         const auto status = StatusOf(::dirfd(m_folder.get()), name);
-        if (!status)
+        if (!status && errno != EACCES)
             return std::nullopt;
-        entry.status = *status;
+        entry.status = status ? *status : StatusOfKind(kind);
         return entry;
     }
 
@@ -146,7 +156,7 @@ private:
             const std::string_view name = read->d_name;
             if (name == "." || name == "..")
                 continue;
-            if (std::optional<Entry> entry = Match(read->d_name))
+            if (std::optional<Entry> entry = Match(read->d_name, read->d_type))
                 m_rest.push_back(std::move(*entry));
         }
         std::sort(m_rest.begin(), m_rest.end(), IsBefore);
