@@ -643,4 +643,9 @@ TEST(VeVariant, KeptADatabaseValueOfAnotherTypeIsReadAsADouble)
     EXPECT_EQ(AsDouble(1), DBVariantToR8(&value));
     value.m_dwType = 0xFFFF;
     EXPECT_EQ(AsDouble(1), DBVariantToR8(&value));
+
+    value.m_dwType = DBVT_LONG;
+    value.m_dblVal = 0.0;
+    value.m_lVal = -1;
+    EXPECT_EQ(AsDouble(0xFFFFFFFF), DBVariantToR8(&value)) << "a long has 32 bits";
 }

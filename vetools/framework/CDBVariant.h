@@ -38,7 +38,7 @@ public:
         BOOL m_boolVal;
         unsigned char m_chVal;
         short m_iVal;
-        long m_lVal;
+        LONG m_lVal;  ///< a long of 32 bits on both builds
         float m_fltVal;
         double m_dblVal;
         CString* m_pstring;  ///< made with new, deleted by Clear

@@ -123,6 +123,12 @@ bool IsDate(const SYSTEMTIME& time) noexcept
            CalendarDate(time).ok();
 }
 
+int FieldOf(const COleDateTime& date, WORD SYSTEMTIME::*field) noexcept
+{
+    SYSTEMTIME fields;
+    return date.GetAsSystemTime(fields) ? fields.*field : c_noField;
+}
+
 /// A number that grows with time, where that of the date before day 0 does not within a day.
 double TimeLine(DATE date) noexcept
 {
@@ -210,38 +216,32 @@ bool COleDateTime::GetAsSystemTime(SYSTEMTIME& systemTime) const noexcept
 
 int COleDateTime::GetYear() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wYear : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wYear);
 }
 
 int COleDateTime::GetMonth() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wMonth : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wMonth);
 }
 
 int COleDateTime::GetDay() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wDay : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wDay);
 }
 
 int COleDateTime::GetHour() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wHour : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wHour);
 }
 
 int COleDateTime::GetMinute() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wMinute : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wMinute);
 }
 
 int COleDateTime::GetSecond() const noexcept
 {
-    SYSTEMTIME fields;
-    return GetAsSystemTime(fields) ? fields.wSecond : c_noField;
+    return FieldOf(*this, &SYSTEMTIME::wSecond);
 }
 
 int COleDateTime::GetDayOfWeek() const noexcept

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "vetools/platform/posix/VariantContent.h"
 #include "vetools/platform/posix/VariantTypes.h"
 #include "vetools/platform/posix/WinVariant.h"
 
@@ -143,7 +144,7 @@ void FreeMemory(SAFEARRAY* array)
 bool CopyElement(BSTR source, BSTR& copy)
 {
     if (source != nullptr)
-        copy = ::SysAllocStringByteLen(reinterpret_cast<const char*>(source), ::SysStringByteLen(source));
+        copy = CopyOf(source);
     return source == nullptr || copy != nullptr;
 }
 
@@ -189,12 +190,17 @@ bool CopyContent(SAFEARRAY* source, SAFEARRAY* copy)
     }
 }
 
-/// The bounds of a dimension, counted from 1 for the first, whose bounds stand last.
-const SAFEARRAYBOUND* BoundOf(const SAFEARRAY* array, UINT dimension)
+/// Hands a bound of a dimension over, as a function takes it from both. Dimensions count from 1 for the first, whose bounds
+/// stand last.
+template <class BoundOf>
+HRESULT GetBound(const SAFEARRAY* array, UINT dimension, LONG* bound, BoundOf boundOf)
 {
+    if (array == nullptr || bound == nullptr)
+        return E_INVALIDARG;
     if (dimension == 0 || dimension > array->cDims)
-        return nullptr;
-    return &array->rgsabound[array->cDims - dimension];
+        return DISP_E_BADINDEX;
+    *bound = boundOf(array->rgsabound[array->cDims - dimension]);
+    return S_OK;
 }
 
 }  // namespace
@@ -306,25 +312,15 @@ UINT SafeArrayGetElemsize(SAFEARRAY* array)
 
 HRESULT SafeArrayGetLBound(SAFEARRAY* array, UINT dimension, LONG* bound)
 {
-    if (array == nullptr || bound == nullptr)
-        return E_INVALIDARG;
-    const SAFEARRAYBOUND* const found = BoundOf(array, dimension);
-    if (found == nullptr)
-        return DISP_E_BADINDEX;
-    *bound = found->lLbound;
-    return S_OK;
+    return GetBound(array, dimension, bound, [](const SAFEARRAYBOUND& bounds) { return bounds.lLbound; });
 }
 
 HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* bound)
 {
-    if (array == nullptr || bound == nullptr)
-        return E_INVALIDARG;
-    const SAFEARRAYBOUND* const found = BoundOf(array, dimension);
-    if (found == nullptr)
-        return DISP_E_BADINDEX;
     // In unsigned numbers: without elements it is one less than the lower bound, and a bound beyond a LONG wraps.
-    *bound = static_cast<LONG>(static_cast<ULONG>(found->lLbound) + found->cElements - 1);
-    return S_OK;
+    return GetBound(array, dimension, bound,
+                    [](const SAFEARRAYBOUND& bounds)
+                    { return static_cast<LONG>(static_cast<ULONG>(bounds.lLbound) + bounds.cElements - 1); });
 }
 
 HRESULT SafeArrayGetVartype(SAFEARRAY* array, VARTYPE* type)

@@ -1,20 +1,11 @@
 #include <type_traits>
 
+#include "vetools/platform/posix/VariantContent.h"
 #include "vetools/platform/posix/VariantTypes.h"
 #include "vetools/platform/posix/WinVariant.h"
 
 namespace
 {
-
-/// A text with the same bytes, terminators included; null for null, which is an empty text too.
-HRESULT CopyText(BSTR text, BSTR& copy)
-{
-    copy = nullptr;
-    if (text == nullptr)
-        return S_OK;
-    copy = ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), ::SysStringByteLen(text));
-    return copy != nullptr ? S_OK : E_OUTOFMEMORY;
-}
 
 /// Gives a value that was copied byte by byte what it must own itself; what it shares stays the original's on failure.
 HRESULT OwnContent(VARIANT& value)
@@ -23,8 +14,11 @@ HRESULT OwnContent(VARIANT& value)
         return S_OK;
     if ((value.vt & VT_ARRAY) != 0)
         return ::SafeArrayCopy(value.parray, &value.parray);
-    if (value.vt == VT_BSTR)
-        return CopyText(value.bstrVal, value.bstrVal);
+    if (value.vt == VT_BSTR && value.bstrVal != nullptr)
+    {
+        value.bstrVal = CopyOf(value.bstrVal);
+        return value.bstrVal != nullptr ? S_OK : E_OUTOFMEMORY;
+    }
     if ((value.vt == VT_UNKNOWN || value.vt == VT_DISPATCH) && value.punkVal != nullptr)
         value.punkVal->AddRef();
     return S_OK;
@@ -34,21 +28,29 @@ HRESULT OwnContent(VARIANT& value)
 HRESULT ReplaceByCopy(VARIANT& destination, const VARIANT& source)
 {
     VARIANT copy = source;
-    HRESULT result = OwnContent(copy);
-    if (FAILED(result))
-        return result;
-    result = ::VariantClear(&destination);
-    if (FAILED(result))
-        ::VariantClear(&copy);
-    else
-        destination = copy;
-    return result;
+    const HRESULT copied = OwnContent(copy);
+    return FAILED(copied) ? copied : HandOver(copy, destination);
 }
 
 }  // namespace
 
 static_assert(sizeof(VARIANT) == 24 && sizeof(DECIMAL) == 16 && std::is_trivially_copyable_v<VARIANT>,
               "values are copied as bytes, by hosts as well");
+
+BSTR CopyOf(BSTR text)
+{
+    return ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), ::SysStringByteLen(text));
+}
+
+HRESULT HandOver(VARIANT& made, VARIANT& destination)
+{
+    const HRESULT cleared = ::VariantClear(&destination);
+    if (FAILED(cleared))
+        ::VariantClear(&made);
+    else
+        destination = made;
+    return cleared;
+}
 
 void VariantInit(VARIANTARG* value)
 {

@@ -1,5 +1,6 @@
 #include "vetools/platform/posix/OleDate.h"
 #include "vetools/platform/posix/VariantBytes.h"
+#include "vetools/platform/posix/VariantContent.h"
 #include "vetools/platform/posix/VariantNumber.h"
 #include "vetools/platform/posix/VariantText.h"
 #include "vetools/platform/posix/VariantTypes.h"
@@ -103,23 +104,19 @@ HRESULT ReadText(BSTR text, Number& number)
     }
 }
 
-HRESULT MakeText(const wchar_t* text, const wchar_t* end, VARIANT& result)
+/// A text that was made for the result; none where there was no memory for it.
+HRESULT ResultText(BSTR text, VARIANT& result)
 {
-    result.bstrVal = ::SysAllocStringLen(text, static_cast<UINT>(end - text));
-    if (result.bstrVal == nullptr)
+    if (text == nullptr)
         return E_OUTOFMEMORY;
+    result.bstrVal = text;
     result.vt = VT_BSTR;
     return S_OK;
 }
 
-/// The same text with all its terminators; an empty one for null.
-HRESULT CopyText(BSTR text, VARIANT& result)
+HRESULT MakeText(const wchar_t* text, const wchar_t* end, VARIANT& result)
 {
-    result.bstrVal = ::SysAllocStringByteLen(reinterpret_cast<const char*>(text), ::SysStringByteLen(text));
-    if (result.bstrVal == nullptr)
-        return E_OUTOFMEMORY;
-    result.vt = VT_BSTR;
-    return S_OK;
+    return ResultText(::SysAllocStringLen(text, static_cast<UINT>(end - text)), result);
 }
 
 HRESULT BooleanToText(VARIANT_BOOL value, USHORT flags, VARIANT& result)
@@ -149,12 +146,9 @@ HRESULT BytesToText(SAFEARRAY* bytes, VARIANT& result)
     const HRESULT access = ::SafeArrayAccessData(bytes, &data);
     if (FAILED(access))
         return access;
-    result.bstrVal = TextOfBytes(static_cast<const BYTE*>(data), bytes->rgsabound[0].cElements);
+    BSTR const text = TextOfBytes(static_cast<const BYTE*>(data), bytes->rgsabound[0].cElements);
     ::SafeArrayUnaccessData(bytes);
-    if (result.bstrVal == nullptr)
-        return E_OUTOFMEMORY;
-    result.vt = VT_BSTR;
-    return S_OK;
+    return ResultText(text, result);
 }
 
 HRESULT TextToBytes(BSTR text, VARIANT& result)
@@ -303,7 +297,7 @@ HRESULT ToNothing(const VARIANT& source, USHORT flags, VARTYPE type, VARIANT& re
 HRESULT Converted(const VARIANT& source, LCID locale, USHORT flags, VARTYPE type, VARIANT& result)
 {
     if (source.vt == VT_BSTR && type == VT_BSTR)
-        return CopyText(source.bstrVal, result);
+        return ResultText(CopyOf(source.bstrVal), result);
     if (source.vt == type && type != VT_VARIANT)
         return ::VariantCopy(&result, &source);
     if (AreIntegersOfOneWidth(source.vt, type))
@@ -333,17 +327,6 @@ HRESULT Converted(const VARIANT& source, LCID locale, USHORT flags, VARTYPE type
     if (source.vt == VT_DISPATCH)
         return FromObject(source.pdispVal, locale, flags, type, result);
     return type == VT_BSTR ? ToText(source, flags, result) : ToNumber(source, type, result);
-}
-
-/// Puts a result in the place of the destination's old value.
-HRESULT HandOver(VARIANT& result, VARIANT& destination)
-{
-    const HRESULT cleared = ::VariantClear(&destination);
-    if (FAILED(cleared))
-        ::VariantClear(&result);
-    else
-        destination = result;
-    return cleared;
 }
 
 }  // namespace
