@@ -17,7 +17,7 @@ configure() {
 show_progress() {
     local preset="$1" started="$SECONDS" line told=
     while IFS= read -r line; do
-        case "$line" in '['*) ;; *) continue ;; esac
+        case "$line" in *'Re-checking globbed'*) continue ;; '['*) ;; *) continue ;; esac
         [ $((SECONDS - started)) -ge 2 ] || continue
         if [ -t 2 ]; then
             printf '\rvetools: building %s %s] ' "$preset" "${line%%]*}" >&2
