@@ -89,9 +89,9 @@ LogFileBase::~LogFileBase()
 
 bool LogFileBase::Open(const wchar_t* path, EntryLevel minLevel, bool append, const wchar_t* header)
 {
-    m_strPath = path != nullptr ? path : L"";
     if (!append)
-        ::DeleteFileW(m_strPath.c_str());
+        ::DeleteFileW(path);
+    m_strPath = path != nullptr ? path : L"";
     // Kept: the handle of an open file is lost.
     m_hFile = ::CreateFileW(m_strPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                             FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -185,6 +185,11 @@ void LogFileBase::WriteEntryEnd(const wchar_t* format, ...)
 bool LogFileBase::IsOpen() const
 {
     return m_hFile != nullptr;
+}
+
+bool LogFileBase::Write(const wchar_t* text)
+{
+    return Write(std::wstring_view(text));
 }
 
 bool LogFileBase::Write(std::wstring_view text)

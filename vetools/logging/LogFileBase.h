@@ -120,7 +120,9 @@ protected:
     static LogFileBase* s_pSingleton;
 
 private:
-    /// Appends a text behind the id of the process: the one place where bytes reach the file. False when that fails.
+    /// Appends a text behind the id of the process. False when that fails.
+    bool Write(const wchar_t* text);
+    /// The same for a text that may hold null characters: the one place where bytes reach the file.
     bool Write(std::wstring_view text);
     void WriteHeaderLine();
     /// Every write reaches the system at once: there is nothing to do.
