@@ -35,12 +35,12 @@ public:
     /// Kept: does nothing and returns 1.
     int Purge() const;
 
-    /// Removes a folder and all that is in it, however many and however deep; what cannot be deleted stays. Returns whether
-    /// the folder itself is gone: 0 when something in it stayed. 1 also when the path cannot be searched, for there is no
-    /// such folder.
+    /// Removes a folder and all that is in it, however many and as deep as paths reach; what cannot be deleted stays. Returns
+    /// whether the folder itself is gone: 0 when something in it stayed. 1 also when the path cannot be searched: it is no
+    /// folder, or its entries may not be read.
     ///
-    /// A symbolic link is deleted, never followed, be it `path` itself or something below it. (Wine deletes no link
-    /// to a folder that is not empty: it stays, and the result is 0.)
+    /// A symbolic link is deleted, never followed, be it `path` itself or something below it. (Wine deletes no link to a
+    /// folder that is not empty, so that the result is 0, and in the place of a link to a file that file.)
     ///
     /// Kept: nothing happens, and the result is 0, when the folder of this object does not exist, whatever `path` names. That
     /// is asked anew for every folder below `path`: when the removal takes this object's own folder, what comes after it
@@ -87,8 +87,9 @@ public:
     ///     std::free(names);
     ///
     /// Kept: folders are listed too, and lose four characters as well.
-    /// Kept: for a name of exactly four characters the slot is not written: it holds what it held in an array that was given,
-    /// and an empty text otherwise. A name of fewer characters is listed whole.
+    /// Kept: for a name of exactly four characters the slot is not written. It is an empty text in an array that was made
+    /// here; in one that was given it holds what it held, and beyond the end of that nothing that may be read.
+    /// A name of fewer characters is listed whole.
     /// When memory runs out, the list ends there. Nothing happens when `names` or `count` is null.
     void GetFileNames(wchar_t (**names)[260], unsigned int* count, wchar_t* filter) const;
 

@@ -3,6 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -172,6 +174,26 @@ TEST_F(HostileFolder, IsDestroyedHoweverDeepWithFewFilesOpen)
     for (int i = 0; i < c_depth; ++i)
         ASSERT_TRUE(fs::create_directory(path /= "d"));
     const ScopedLimit descriptors(RLIMIT_NOFILE, 20);
+    EXPECT_NE(0, CVeDirectory(Path(L"d")).Destroy());
+    EXPECT_FALSE(fs::exists(m_folder / "d"));
+}
+
+TEST_F(HostileFolder, WithTheLongestOfPathsIsSearchedAndDestroyed)
+{
+    constexpr std::size_t c_longest = PATH_MAX - 1;
+    std::wstring path(Path(L"d").View());
+    ASSERT_NE(0, CVeDirectory(path.c_str()).Create());
+    while (path.size() < c_longest)
+    {
+        // No name is left of one character, for which there would be no room behind a separator.
+        const std::size_t rest = c_longest - path.size() - 1;
+        path += L'\\' + std::wstring(rest > 200 ? std::min<std::size_t>(rest - 2, 200) : rest, L'd');
+        ASSERT_NE(0, CVeDirectory(path.c_str()).Create()) << path.size();
+    }
+    const CVeDirectory folder(path.c_str());
+    EXPECT_NE(0, folder.IsExist());
+    EXPECT_EQ(1, folder.IsFileIn(L""));
+    EXPECT_EQ(CString(L"calc1.txt"), folder.GetIncName(L"calc.txt"));
     EXPECT_NE(0, CVeDirectory(Path(L"d")).Destroy());
     EXPECT_FALSE(fs::exists(m_folder / "d"));
 }

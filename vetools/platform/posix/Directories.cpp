@@ -180,6 +180,13 @@ Search* SearchOf(HANDLE handle)
     return found != s_searches.end() ? found->second.get() : nullptr;
 }
 
+/// The folder of a path, without the separator, which would make the longest of paths too long; empty when there is none.
+std::string FolderOf(const std::string& native)
+{
+    const std::size_t slash = native.find_last_of('/');
+    return slash == std::string::npos ? "" : native.substr(0, std::max<std::size_t>(slash, 1));
+}
+
 /// Begins the search for a pattern; null with the last error set when that is not possible.
 std::unique_ptr<Search> BeginSearch(std::wstring_view pattern)
 {
@@ -195,8 +202,7 @@ std::unique_ptr<Search> BeginSearch(std::wstring_view pattern)
         Fail(status ? ERROR_FILE_NOT_FOUND : ErrorOfPath(errno, native));
         return nullptr;
     }
-    const std::string folderPath = nameBegins == 0 ? "." : native.substr(0, native.find_last_of('/') + 1);
-    Folder folder(::opendir(folderPath.c_str()));
+    Folder folder(::opendir(nameBegins == 0 ? "." : FolderOf(native).c_str()));
     if (!folder)
     {
         Fail(errno == ENOENT ? ERROR_PATH_NOT_FOUND : ErrorFromErrno(errno));
