@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/TextPrinting.h"
+#include "tests/support/VariantTestSupport.h"
 #include "vetools/framework/COleVariant.h"
 
 namespace
@@ -84,7 +85,8 @@ TEST(COleCurrency, IsMadeOfWhatTheSystemMakesOfAValue)
     EXPECT_EQ(15000, COleCurrency(COleVariant(1.5)).m_cur.int64);
     EXPECT_EQ(15000, COleCurrency(COleVariant(L"1.5")).m_cur.int64);
     EXPECT_EQ(420000, COleCurrency(COleVariant(short{42})).m_cur.int64);
-    for (const COleVariant& none : {COleVariant(L"no amount"), COleVariant(1e300)})
+    for (const COleVariant& none :
+         {COleVariant(L"no amount"), COleVariant(1e300), COleVariant(L"1e2147483648"), ValueOfType(VT_BYREF | VT_I4)})
     {
         const COleCurrency amount(none);
         EXPECT_EQ(COleCurrency::invalid, amount.GetStatus());

@@ -208,6 +208,9 @@ TEST(COleDateTime, IsMadeOfWhatTheSystemMakesOfAValue)
     EXPECT_EQ(1.5, COleDateTime(value).m_dt);
     value.vt = VT_NULL;
     EXPECT_EQ(COleDateTime::invalid, COleDateTime(value).GetStatus());
+    value.vt = VT_BYREF | VT_DATE;
+    value.pdate = nullptr;
+    EXPECT_EQ(COleDateTime::invalid, COleDateTime(value).GetStatus()) << "a reference to nowhere";
     EXPECT_EQ(COleDateTime::invalid, COleDateTime(COleVariant(L"not a date")).GetStatus());
 }
 

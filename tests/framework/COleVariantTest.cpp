@@ -236,6 +236,52 @@ TEST(COleVariant, FollowsReferencesWhenItConverts)
     EXPECT_EQ(42.0, value.dblVal);
 }
 
+TEST(COleVariant, ReadsTextsWithExponentsBeyondAllIntegers)
+{
+    struct ExponentRow
+    {
+        HRESULT expected;
+        double number;
+        const wchar_t* text;
+    };
+    // clang-format off
+    const ExponentRow rows[] = {
+        {DISP_E_OVERFLOW,      0.0,  L"1e2147483647"},
+        {DISP_E_OVERFLOW,      0.0,  L"1e2147483648"},
+        {DISP_E_OVERFLOW,      0.0,  L"-10E+2147483647"},
+        {DISP_E_OVERFLOW,      0.0,  L"1.5e,0004294967296"},
+        {DISP_E_OVERFLOW,      0.0,  L"1e18446744073709551617"},
+        {S_OK,                 0.0,  L"1e-2147483648"},
+        {S_OK,                 0.0,  L" 25e-4294967296 "},
+        {S_OK,                 0.0,  L"0e2147483648"},
+        {S_OK,                 10.0, L"1e00000000000000000001"},
+        {DISP_E_TYPEMISMATCH,  0.0,  L"1e2147483648x"},
+        {S_OK,                 0xE, L"&HE"},
+        {DISP_E_OVERFLOW,      0.0,  L"&HE2147483648000000"},
+    };
+    // clang-format on
+    for (const ExponentRow& row : rows)
+    {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(row.text)));
+        COleVariant text(row.text);
+        VARIANT reference = {};
+        reference.vt = VT_BYREF | VT_BSTR;
+        reference.pbstrVal = &text.bstrVal;
+        VARIANT outer = {};
+        outer.vt = VT_BYREF | VT_VARIANT;
+        outer.pvarVal = &reference;
+        for (VARIANT* const source : {static_cast<VARIANT*>(&text), &reference, &outer})
+        {
+            COleVariant value;
+            EXPECT_EQ(row.expected, ThrownBy([&] { value.ChangeType(VT_R8, source); }).value_or(S_OK));
+            EXPECT_EQ(row.number, value.dblVal);
+        }
+        COleVariant shown;
+        shown.ChangeType(VT_BSTR, &text);
+        EXPECT_STREQ(row.text, shown.bstrVal) << "as a text it stays";
+    }
+}
+
 TEST(COleVariant, ThrowsWhenALockedArrayIsCleared)
 {
     COleVariant value = ByteArrayValue({1, 2});

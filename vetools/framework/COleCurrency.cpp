@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "vetools/platform/VariantConversion.h"
+
 namespace
 {
 
@@ -56,7 +58,7 @@ COleCurrency& COleCurrency::operator=(const VARIANT& value)
 {
     VARIANT converted;
     ::VariantInit(&converted);
-    m_status = SUCCEEDED(::VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, VT_CY)) ? valid : invalid;
+    m_status = SUCCEEDED(ConvertVariant(converted, value, VT_CY)) ? valid : invalid;
     m_cur = m_status == valid ? converted.cyVal : CURRENCY{};
     return *this;
 }

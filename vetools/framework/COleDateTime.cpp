@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "vetools/platform/VariantConversion.h"
+
 namespace
 {
 
@@ -180,7 +182,7 @@ COleDateTime& COleDateTime::operator=(const VARIANT& value)
         return *this = value.date;
     VARIANT converted;
     ::VariantInit(&converted);
-    if (SUCCEEDED(::VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, VT_DATE)))
+    if (SUCCEEDED(ConvertVariant(converted, value, VT_DATE)))
         return *this = converted.date;
     m_dt = 0.0;
     m_status = invalid;

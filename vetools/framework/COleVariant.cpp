@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "vetools/framework/SafeArrayBytes.h"
+#include "vetools/platform/VariantConversion.h"
 
 namespace
 {
@@ -15,17 +16,6 @@ constexpr VARTYPE c_byteArray = VT_ARRAY | VT_UI1;
 VARIANT* Source(const VARIANT& value)
 {
     return const_cast<VARIANT*>(&value);
-}
-
-/// Whether a value is a reference that leads nowhere, which the system follows all the same.
-bool RefersToNothing(const VARIANT& value)
-{
-    if ((value.vt & VT_BYREF) == 0)
-        return false;
-    if (value.byref == nullptr)
-        return true;
-    return value.vt == (VT_BYREF | VT_VARIANT) && (value.pvarVal->vt & VT_BYREF) != 0 &&
-           value.pvarVal->byref == nullptr;
 }
 
 LONG ToLong(long number)
@@ -277,7 +267,7 @@ void COleVariant::ChangeType(VARTYPE type, LPVARIANT source)
     const VARIANT* const from = source != nullptr ? source : this;
     if (from == this && type == vt)
         return;
-    AfxCheckError(RefersToNothing(*from) ? E_INVALIDARG : ::VariantChangeType(this, Source(*from), 0, type));
+    AfxCheckError(ConvertVariant(*this, *from, type));
 }
 
 void COleVariant::Attach(VARIANT& value)
