@@ -21,6 +21,14 @@ wchar_t UpperAscii(wchar_t character)
     return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A') : character;
 }
 
+/// Whether a path begins with a prefix, upper and lower case alike.
+bool BeginsWith(std::wstring_view path, std::wstring_view upperPrefix)
+{
+    return path.size() >= upperPrefix.size() &&
+           std::equal(upperPrefix.begin(), upperPrefix.end(), path.begin(),
+                      [](wchar_t expected, wchar_t character) { return expected == UpperAscii(character); });
+}
+
 bool HasDrive(std::wstring_view path)
 {
     return path.size() > 1 && path[1] == c_driveMark;
@@ -35,7 +43,7 @@ bool IsSeparator(wchar_t character)
 bool RemovePrefix(std::wstring_view& path)
 {
     const bool isUnc = HasExtendedUncPrefix(path);
-    const bool isExtended = isUnc || HasExtendedPrefix(path) || path.starts_with(c_devicePrefix);
+    const bool isExtended = isUnc || HasExtendedPrefix(path) || BeginsWith(path, c_devicePrefix);
     if (isExtended)
         path.remove_prefix(isUnc ? c_extendedUncPrefix.size() : c_extendedPrefix.size());
     if (HasDrive(path))
@@ -47,19 +55,17 @@ bool RemovePrefix(std::wstring_view& path)
 
 bool HasExtendedPrefix(std::wstring_view path)
 {
-    return path.starts_with(c_extendedPrefix);
+    return BeginsWith(path, c_extendedPrefix);
 }
 
 bool HasExtendedUncPrefix(std::wstring_view path)
 {
-    return path.size() >= c_extendedUncPrefix.size() &&
-           std::equal(c_extendedUncPrefix.begin(), c_extendedUncPrefix.end(), path.begin(),
-                      [](wchar_t expected, wchar_t character) { return expected == UpperAscii(character); });
+    return BeginsWith(path, c_extendedUncPrefix);
 }
 
 bool IsUncPath(std::wstring_view path)
 {
-    return HasExtendedPrefix(path) ? HasExtendedUncPrefix(path) : path.starts_with(c_uncBeginning);
+    return HasExtendedPrefix(path) ? HasExtendedUncPrefix(path) : BeginsWith(path, c_uncBeginning);
 }
 
 std::wstring ExtendedPath(std::wstring_view path)
@@ -80,10 +86,10 @@ bool IsRootPath(std::wstring_view path)
     while (!path.empty())
     {
         const std::wstring_view component = path.substr(0, path.find_first_of(c_separators));
-        if (component == L"..")
-            depth -= std::min<std::size_t>(depth, 1);
-        else if (component.find_first_not_of(L". ") != component.npos)
+        if (component.find_first_not_of(L". ") != component.npos)
             ++depth;
+        else if (component.size() == 2 && BeginsWith(component, L".."))
+            depth -= std::min<std::size_t>(depth, 1);
         path.remove_prefix(std::min(component.size() + 1, path.size()));
     }
     return depth == 0;

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <compare>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,17 +47,16 @@ std::uint32_t OrderOf(wchar_t character)
     return value >= c_behindSurrogates && value < c_supplementary ? value + 0x110000 : value;
 }
 
-bool StandsBefore(const std::wstring& left, const std::wstring& right)
+std::strong_ordering Compare(const std::wstring& left, const std::wstring& right)
 {
-    return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
-                                        [](wchar_t a, wchar_t b) { return OrderOf(a) < OrderOf(b); });
+    return std::lexicographical_compare_three_way(left.begin(), left.end(), right.begin(), right.end(),
+                                                  [](wchar_t a, wchar_t b) { return OrderOf(a) <=> OrderOf(b); });
 }
 
 bool IsBefore(const Entry& left, const Entry& right)
 {
-    if (left.upperName != right.upperName)
-        return StandsBefore(left.upperName, right.upperName);
-    return StandsBefore(left.name, right.name);
+    const std::strong_ordering order = Compare(left.upperName, right.upperName);
+    return order != 0 ? order < 0 : Compare(left.name, right.name) < 0;
 }
 
 void Store(const Entry& entry, WIN32_FIND_DATAW& found)
