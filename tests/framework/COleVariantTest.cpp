@@ -282,6 +282,30 @@ TEST(COleVariant, ReadsTextsWithExponentsBeyondAllIntegers)
     }
 }
 
+TEST(COleVariant, RefusesADecimalThatIsNoNumber)
+{
+    for (const auto& [scale, sign] : {std::pair(29, 0), {255, 0}, {255, 0x80}, {0, 1}, {28, 0xFF}})
+    {
+        COleVariant decimal;
+        decimal.decVal.Hi32 = 0xFFFFFFFF;
+        decimal.decVal.scale = static_cast<BYTE>(scale);
+        decimal.decVal.sign = static_cast<BYTE>(sign);
+        decimal.vt = VT_DECIMAL;
+        VARIANT reference = {};
+        reference.vt = VT_BYREF | VT_DECIMAL;
+        reference.pdecVal = &decimal.decVal;
+        for (VARIANT* const source : {static_cast<VARIANT*>(&decimal), &reference})
+        {
+            for (const VARTYPE type : {VT_BSTR, VT_I4, VT_R8, VT_CY, VT_DATE, VT_BOOL})
+            {
+                COleVariant value;
+                EXPECT_EQ(E_INVALIDARG, ThrownBy([&] { value.ChangeType(type, source); }))
+                    << scale << ' ' << sign << " to " << type;
+            }
+        }
+    }
+}
+
 TEST(COleVariant, ThrowsWhenALockedArrayIsCleared)
 {
     COleVariant value = ByteArrayValue({1, 2});

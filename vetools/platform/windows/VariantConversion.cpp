@@ -52,6 +52,17 @@ std::optional<std::wstring> WithShortExponent(std::wstring_view text)
     return shortened += rest.substr(length);
 }
 
+/// Whether a value is a DECIMAL, or a reference to one, that is no number: of more decimals than there are digits, say.
+bool IsInvalidDecimal(const VARIANT& value)
+{
+    constexpr BYTE maxScale = 28;
+    const bool isReference = value.vt == (VT_BYREF | VT_DECIMAL);
+    if (value.vt != VT_DECIMAL && !isReference)
+        return false;
+    const DECIMAL& decimal = isReference ? *value.pdecVal : value.decVal;
+    return decimal.scale > maxScale || (decimal.sign & ~DECIMAL_NEG) != 0;
+}
+
 HRESULT ConvertText(VARIANT& destination, const std::wstring& text, VARTYPE type)
 {
     VARIANT value{};
@@ -70,6 +81,8 @@ HRESULT ConvertVariant(VARIANT& destination, const VARIANT& source, VARTYPE type
 {
     const VARIANT* const value = Referenced(source);
     if (value == nullptr || ((value->vt & VT_BYREF) != 0 && value->byref == nullptr))
+        return E_INVALIDARG;
+    if (type == VT_BSTR && IsInvalidDecimal(*value))
         return E_INVALIDARG;
     if (IsNumber(type))
     {
