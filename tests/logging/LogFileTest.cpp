@@ -1,8 +1,10 @@
+#include <chrono>
 #include <climits>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -464,6 +466,30 @@ TEST_F(LogFile, LevelsBeyondTheEnumerationHaveNoText)
     }
     EXPECT_EQ(5, log.Entries());
     EXPECT_EQ(3, log.Errors());
+}
+
+TEST_F(LogFile, EntriesHaveTheTimeAtWhichTheyWereBegun)
+{
+    const auto now = []
+    {
+        wchar_t text[16] = L"";
+        ::GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_FORCE24HOURFORMAT, nullptr, L"hh':'mm':'ss", text, 16);
+        return std::string(text, text + 8);
+    };
+    OwnLog log;
+    OpenBare(log);
+    for (int i = 0; i < 2; ++i)
+    {
+        const std::string before = now();
+        log.WriteEntryBegin(LogFileBase::Comment, false, true, nullptr, 0);
+        const std::string after = now();
+        log.WriteEntryEnd(L"text");
+        const Bytes bytes = ReadBytes(m_folder / "own.log");
+        const std::string text(bytes.begin(), bytes.end());
+        EXPECT_TRUE(text.ends_with(" " + before + "text\n") || text.ends_with(" " + after + "text\n"))
+            << before << ' ' << after << ' ' << text;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1100));  // the next one has another time
+    }
 }
 
 TEST_F(LogFile, EntriesBelowTheThresholdLeaveTheLogAsItIs)

@@ -42,6 +42,9 @@ constexpr std::size_t ExponentTextCapacity(int precision)
     return 16 + static_cast<std::size_t>(precision < 0 ? 6 : precision);
 }
 
+/// Room for what WriteInteger writes.
+constexpr std::size_t c_integerTextCapacity = 11;
+
 /// As "%.*f" writes it: 0.125 with precision 2 gives 0.12, 2.5 with precision 0 gives 2, -0.001 with precision 2 gives -0.00.
 /// The buffer holds at least FixedTextCapacity(precision) characters.
 wchar_t* WriteFixed(wchar_t* out, double value, int precision);
@@ -54,5 +57,5 @@ wchar_t* WriteUnits(wchar_t* out, std::int64_t units, int precision);
 /// precision 0 gives 1e+100. The buffer holds at least ExponentTextCapacity(precision) characters.
 wchar_t* WriteExponent(wchar_t* out, double value, int precision);
 
-/// As "%d" writes it; at most 11 characters.
+/// As "%d" writes it. The buffer holds at least c_integerTextCapacity characters.
 wchar_t* WriteInteger(wchar_t* out, int value);

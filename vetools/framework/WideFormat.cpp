@@ -679,6 +679,25 @@ void WriteConversion(CString& out, const Conversion& conversion, ArgumentSource&
     }
 }
 
+/// %d and %s as they stand, of which most formats consist. False for any other letter behind the per cent sign.
+bool WritePlain(CString& out, wchar_t letter, ArgumentSource& arguments)
+{
+    if (letter == L's')
+    {
+        if (const std::optional<const wchar_t*> text = arguments.TakeWideText())
+            out += *text != nullptr ? *text : c_nullText.data();
+        return true;
+    }
+    if (letter == L'd')
+    {
+        wchar_t digits[c_integerTextCapacity];
+        if (const std::optional<std::int64_t> value = arguments.TakeInteger(ArgumentSize::Standard))
+            out.Append(digits, static_cast<int>(WriteInteger(digits, static_cast<int>(*value)) - digits));
+        return true;
+    }
+    return false;
+}
+
 void WriteFormat(CString& out, const wchar_t* format, ArgumentSource& arguments)
 {
     while (true)
@@ -689,6 +708,11 @@ void WriteFormat(CString& out, const wchar_t* format, ArgumentSource& arguments)
         out.Append(start, static_cast<int>(format - start));
         if (*format == L'\0')
             return;
+        if (WritePlain(out, format[1], arguments))
+        {
+            format += 2;
+            continue;
+        }
 
         ConversionReader reader(format + 1, arguments);
         const std::optional<Conversion> conversion = reader.Read();

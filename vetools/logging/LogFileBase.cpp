@@ -1,5 +1,6 @@
 #include "vetools/logging/LogFileBase.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <new>
 
@@ -26,10 +27,8 @@ constexpr int c_versionMinor = 0;
 /// The `minLevel` of Open that leaves the log's own.
 constexpr int c_sameLevel = -1;
 
-constexpr std::size_t c_integerLength = 11;
-
-/// A longer message gives its memory back.
-constexpr int c_keptMessageLength = 4096;
+/// Most messages are shorter, and are made without growing.
+constexpr int c_usualMessageLength = 255;
 
 int ProcessId()
 {
@@ -38,7 +37,7 @@ int ProcessId()
 
 void AppendInteger(std::wstring& text, int value)
 {
-    wchar_t digits[c_integerLength];
+    wchar_t digits[c_integerTextCapacity];
     text.append(digits, WriteInteger(digits, value));
 }
 
@@ -162,21 +161,18 @@ void LogFileBase::WriteEntryEnd(const wchar_t* format, ...)
 {
     if (!m_bEntryActive)
         return;
-    // Reused by the next entry, so that most messages allocate nothing.
-    static thread_local CString t_message;
-    t_message.Truncate(0);
+    CString message;
     if (format != nullptr)
     {
+        message.GetBuffer(c_usualMessageLength);
         va_list arguments;
         va_start(arguments, format);
-        AppendFormattedV(t_message, format, arguments);
+        AppendFormattedV(message, format, arguments);
         va_end(arguments);
     }
-    m_strEntry += t_message.View();  // Kept: behind what the last call left there
-    if (!t_message.IsEmpty() && m_strEntry.back() != L'\n')
+    m_strEntry += message.View();  // Kept: behind what the last call left there
+    if (!message.IsEmpty() && m_strEntry.back() != L'\n')
         m_strEntry += L'\n';
-    if (t_message.GetLength() > c_keptMessageLength)
-        t_message.Empty();
     Write(m_strEntry);
     if (m_bToDebugger)
         ::OutputDebugStringW(m_strEntry.c_str());
@@ -194,9 +190,10 @@ bool LogFileBase::Write(const wchar_t* text)
 
 bool LogFileBase::Write(std::wstring_view text)
 {
-    wchar_t digits[c_integerLength];
-    const wchar_t* const end = WriteInteger(digits, ProcessId());
-    return AppendTexts(m_hFile, CP_ACP, {c_processIdPrefix, {digits, end}, L" ", text});
+    wchar_t prefix[c_processIdPrefix.size() + c_integerTextCapacity + 1];
+    wchar_t* end = WriteInteger(std::ranges::copy(c_processIdPrefix, prefix).out, ProcessId());
+    *end++ = L' ';
+    return AppendTexts(m_hFile, CP_ACP, {{prefix, end}, text});
 }
 
 bool LogFileBase::Flush()

@@ -88,8 +88,23 @@ std::wstring_view LogMoment::Date()
 
 std::wstring_view LogMoment::Time()
 {
-    return ResultOf(m_timeText, ::GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_FORCE24HOURFORMAT, &m_time, c_logTimePicture,
-                                                 m_timeText, c_capacity));
+    // Made once in a second, in which a log may write many lines.
+    struct TimeText
+    {
+        int second = -1;  // of the day
+        int count = 0;
+        wchar_t text[c_capacity] = {};
+    };
+    static thread_local TimeText t_last;
+
+    const int second = (m_time.wHour * 60 + m_time.wMinute) * 60 + m_time.wSecond;
+    if (t_last.second != second)
+    {
+        t_last.second = second;
+        t_last.count = ::GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_FORCE24HOURFORMAT, &m_time, c_logTimePicture,
+                                        t_last.text, c_capacity);
+    }
+    return ResultOf(t_last.text, t_last.count);
 }
 
 bool AppendTexts(HANDLE file, UINT codePage, std::initializer_list<std::wstring_view> texts)

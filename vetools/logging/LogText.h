@@ -7,7 +7,8 @@
 
 // What the two kinds of log have in common (internal).
 
-/// The local date and time at which it was made, as both logs write them. The texts end with a terminator.
+/// The local date and time at which it was made, as both logs write them. The texts end with a terminator, and are read
+/// before another moment of the thread is asked for its own.
 class LogMoment
 {
 public:
@@ -23,7 +24,6 @@ private:
 
     SYSTEMTIME m_time;
     wchar_t m_dateText[c_capacity];
-    wchar_t m_timeText[c_capacity];
 };
 
 /// Encodes texts in a code page, CP_ACP or CP_UTF8, and appends them to a file by one write, however long they are. What

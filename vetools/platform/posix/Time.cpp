@@ -245,7 +245,8 @@ int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, L
         return FailWith(ERROR_INVALID_PARAMETER);
 
     static std::mutex s_guard;
-    static LongDateWriter s_writer;
+    // Never destroyed: at the end of the process the destructor of a static object may close a log.
+    static LongDateWriter& s_writer = *new LongDateWriter;
     const std::lock_guard guard(s_guard);
     TextOutput<wchar_t> output(buffer, size);
     if (!s_writer.Write(output, *day))
