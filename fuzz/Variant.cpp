@@ -1,5 +1,5 @@
 // A text as a number of every type, as a Boolean and as a date: no text is read beyond its end, a failure leaves the
-// destination alone, and what is written of a value without rounding it is read as that value.
+// destination alone, and what is written of a value without rounding it is read as that value. Bytes as a text and back.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -76,6 +76,22 @@ void ReadAs(VARTYPE type, const VARIANT& text)
     }
 }
 
+void ReadBytes(const std::uint8_t* data, std::size_t size)
+{
+    Value bytes;
+    bytes.parray = ::SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(size));
+    bytes.vt = VT_ARRAY | VT_UI1;
+    if (size > 0)
+        std::memcpy(bytes.parray->pvData, data, size);
+    Value text;
+    Require(::VariantChangeType(&text, &bytes, 0, VT_BSTR) == S_OK);
+    Require(std::wcslen(text.bstrVal) <= (size + 1) / 2);
+    Value back;
+    Require(::VariantChangeType(&back, &text, 0, VT_ARRAY | VT_UI1) == S_OK);
+    Require(back.parray->rgsabound[0].cElements == size);
+    Require(size == 0 || std::memcmp(back.parray->pvData, data, size) == 0);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -87,5 +103,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_I8, VT_UI8, VT_INT, VT_UINT, VT_R4,
                                VT_R8, VT_CY, VT_DECIMAL, VT_BOOL, VT_DATE})
         ReadAs(type, text);
+    ReadBytes(data, size);
     return 0;
 }
