@@ -3,13 +3,6 @@
 #include "vetools/objects/VeObject.h"
 #include "vetools/platform/Export.h"
 
-// The comparisons and the assignment of limits stand beside those of the base, in slots of their own: that they hide them is
-// meant, and no host needs to hear of it.
-#if defined(__GNUC__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Woverloaded-virtual"
-#endif
-
 /// A tolerance ε and a range [min, max] of real numbers: what two numbers of a structural model are compared with.
 ///
 ///     CVeLimits limits;                          // ε 1e-10, range [-2e12, 2e12]
@@ -29,6 +22,8 @@ public:
     CVeLimits* GetClone() const override;
     /// 2.
     int GetObjectClassId() const override;
+
+    // Assignment and comparisons of limits have slots of their own behind those of the base, which they hide.
 
     virtual CVeLimits& operator=(const CVeLimits& other);
     /// 1 when ε, min and max are exactly equal, else 0. As objects (CVeObject::operator==) all limits are equal.
@@ -97,7 +92,3 @@ private:
     double m_min;
     double m_max;
 };
-
-#if defined(__GNUC__)
-#pragma GCC diagnostic pop
-#endif

@@ -26,6 +26,13 @@ public:
     virtual void Dump() const;
     /// A new object of the class, with count 0 and id 0, which the caller deletes; null when there is no memory.
     virtual CVeObject* GetClone() const;
+
+    // Classes that compare and assign by value, such as CVeLimits, have operators of their own, which hide these: that is
+    // meant, and no host needs to hear of it. The compiler tells of it where the hidden ones stand.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+#endif
     /// Kept: copies nothing. Count and id belong to the object, not to its value.
     virtual CVeObject& operator=(const CVeObject& other);
     /// 1 when both objects report the same class id, else 0.
@@ -33,6 +40,10 @@ public:
     virtual int operator==(const CVeObject& other) const;
     /// The negation of operator==, also of one that a derived class provides.
     virtual int operator!=(const CVeObject& other) const;
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+
     /// Adds |n| to the count and returns the new count: AddRef(-3) adds 3.
     virtual long AddRef(long n);
     /// Takes |n| off the count, by RemoveRef, and deletes the object when 0 or less is left: also one that nobody held.
