@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "vetools/framework/CString.h"
@@ -60,9 +61,8 @@ class TestFolder
 public:
     TestFolder()
     {
-        namespace fs = std::filesystem;
-        for (unsigned int number = 0; m_path.empty() || !fs::create_directory(m_path); ++number)
-            m_path = fs::temp_directory_path() / ("vetools-test-" + std::to_string(number));
+        for (unsigned int number = 0; m_path.empty() || !Create(); ++number)
+            m_path = std::filesystem::temp_directory_path() / ("vetools-test-" + std::to_string(number));
     }
     TestFolder(const TestFolder&) = delete;
     TestFolder& operator=(const TestFolder&) = delete;
@@ -89,5 +89,17 @@ public:
     }
 
 private:
+    /// False when the name is taken, also by a test in another process that removes its folder just now: the error is that
+    /// the file exists then, though it does not any more.
+    bool Create() const
+    {
+        std::error_code error;
+        if (std::filesystem::create_directory(m_path, error))
+            return true;
+        if (error && error != std::errc::file_exists)
+            throw std::filesystem::filesystem_error("a test's folder", m_path, error);
+        return false;
+    }
+
     std::filesystem::path m_path;
 };
