@@ -1,6 +1,8 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -139,4 +141,14 @@ TEST_F(GuardedFile, MayBeOneThatHasNoNameAnyMore)
     EXPECT_TRUE(Append(CString(name.c_str())));
     char bytes[3];
     EXPECT_EQ(2, ::read(foreign, bytes, sizeof bytes));
+}
+
+TEST_F(GuardedFile, IsNeverADevice)
+{
+    const std::filesystem::path device = m_folder / "null";
+    constexpr dev_t c_null = makedev(1, 3);
+    if (::mknod(device.c_str(), S_IFCHR | 0666, c_null) != 0)
+        return;  // only who may make one could delete one
+    EXPECT_EQ(Failed(ERROR_ACCESS_DENIED), OutcomeOf([this] { return ::DeleteFileW(m_folder[L"null"]); }));
+    EXPECT_TRUE(std::filesystem::is_character_file(device));
 }

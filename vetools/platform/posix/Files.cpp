@@ -172,6 +172,11 @@ bool IsReadOnly(const struct stat& status)
     return S_ISREG(status.st_mode) && !(status.st_mode & 0222);
 }
 
+bool IsDevice(const struct stat& status)
+{
+    return S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode);
+}
+
 int OpenFlags(DWORD access)
 {
     const bool reads = access & GENERIC_READ;
@@ -446,8 +451,8 @@ BOOL DeleteFileW(LPCWSTR path)
     };
     if (::lstat(native.c_str(), &status) != 0)
         return FailOfPath(native);
-    // The system deletes no folder and no read-only file by this call.
-    if (S_ISDIR(status.st_mode) || IsReadOnly(status))
+    // The system deletes no folder, no device and no read-only file by this call.
+    if (S_ISDIR(status.st_mode) || IsDevice(status) || IsReadOnly(status))
         return Fail(ERROR_ACCESS_DENIED);
     if (!MayDelete(status))
         return Fail(ERROR_SHARING_VIOLATION);

@@ -79,6 +79,7 @@ VETOOLS_API BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INT
 VETOOLS_API BOOL SetEndOfFile(HANDLE file);
 VETOOLS_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 
+/// ERROR_ACCESS_DENIED for a folder, a device and a read-only file; ERROR_SHARING_VIOLATION for one that is open, see above.
 VETOOLS_API BOOL DeleteFileW(LPCWSTR path);
 VETOOLS_API BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
 /// Copies the contents, FILE_ATTRIBUTE_READONLY, the right to execute and the time of the last write. `failIfExists` tells
