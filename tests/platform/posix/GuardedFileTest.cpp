@@ -146,8 +146,8 @@ TEST_F(GuardedFile, MayBeOneThatHasNoNameAnyMore)
 TEST_F(GuardedFile, IsNeverADevice)
 {
     const std::filesystem::path device = m_folder / "null";
-    constexpr dev_t c_null = makedev(1, 3);
-    if (::mknod(device.c_str(), S_IFCHR | 0666, c_null) != 0)
+    const dev_t null = makedev(1, 3);
+    if (::mknod(device.c_str(), S_IFCHR | 0666, null) != 0)
         return;  // only who may make one could delete one
     EXPECT_EQ(Failed(ERROR_ACCESS_DENIED), OutcomeOf([this] { return ::DeleteFileW(m_folder[L"null"]); }));
     EXPECT_TRUE(std::filesystem::is_character_file(device));
