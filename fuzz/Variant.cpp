@@ -47,7 +47,7 @@ bool IsWrittenExactly(VARTYPE type)
     return type != VT_R4 && type != VT_R8 && type != VT_DATE && type != VT_DECIMAL;
 }
 
-void ReadAs(VARTYPE type, const VARIANT& text)
+void ReadAs(VARTYPE type, VARIANT& text)
 {
     Value value;
     const HRESULT result = ::VariantChangeType(&value, &text, 0, type);
