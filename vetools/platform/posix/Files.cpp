@@ -130,8 +130,9 @@ bool IsLockedByOthers(int descriptor, int lock)
 /// Guards an open file. False when it was deleted before that.
 bool Guard(int descriptor)
 {
-    // Who deletes holds the lock for a moment. The lock of a program that we do not know is not waited for any longer.
-    constexpr int c_attempts = 50;
+    // Who deletes holds the lock for a moment, or until a busy machine lets him go on. The lock of a program that we do not
+    // know is not waited for any longer.
+    constexpr int c_attempts = 500;
     constexpr timespec c_moment = {0, 1'000'000};
     for (int i = 0; i < c_attempts && IsLockedByOthers(descriptor, LOCK_SH); ++i)
         ::nanosleep(&c_moment, nullptr);
