@@ -1,5 +1,8 @@
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -7,7 +10,8 @@
 #include "tests/support/SystemCallSupport.h"
 #include "vetools/platform/Platform.h"
 
-// The system gives the number of a closed file to the next one that anybody opens: a handle must not reach that.
+// Handles of what is no file of ours. The system gives the number of a closed file to the next one that anybody opens: a
+// handle must not reach that.
 
 namespace
 {
@@ -55,4 +59,30 @@ TEST(Handles, AreNotThoseOfTheStandardStreams)
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         ExpectNothingWithout(HandleOf(descriptor));
+}
+
+TEST(Handles, OfPipesAreGivenWithoutWaitingForTheOtherEnd)
+{
+    const TestFolder folder;
+    ASSERT_EQ(0, ::mkfifo((folder / "pipe").c_str(), 0666));
+    const auto open = [&folder](DWORD access)
+    {
+        return ::CreateFileW(folder[L"pipe"], access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                             nullptr);
+    };
+    EXPECT_EQ(Failed(ERROR_FILE_NOT_FOUND), OutcomeOf([&] { return open(GENERIC_WRITE) != INVALID_HANDLE_VALUE; }));
+    const HANDLE reader = open(GENERIC_READ);
+    ASSERT_NE(INVALID_HANDLE_VALUE, reader);
+    char letters[4] = {};
+    DWORD count = 99;
+    EXPECT_TRUE(::ReadFile(reader, letters, 4, &count, nullptr));
+    EXPECT_EQ(0u, count);
+
+    const HANDLE writer = open(GENERIC_WRITE);
+    ASSERT_NE(INVALID_HANDLE_VALUE, writer);
+    EXPECT_TRUE(::WriteFile(writer, "text", 4, nullptr, nullptr));
+    EXPECT_TRUE(::ReadFile(reader, letters, 4, &count, nullptr));
+    EXPECT_EQ("text", std::string(letters, count));
+    EXPECT_TRUE(::CloseHandle(writer));
+    EXPECT_TRUE(::CloseHandle(reader));
 }

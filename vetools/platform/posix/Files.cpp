@@ -186,19 +186,26 @@ int OpenFlags(DWORD access)
     return (reads && writes ? O_RDWR : writes ? O_WRONLY : O_RDONLY) | (appends ? O_APPEND : 0) | O_CLOEXEC;
 }
 
+/// Opens without waiting for the other end of a pipe, but for whoever has a lease on the file.
+int OpenAtOnce(const char* path, int flags, mode_t mode)
+{
+    const int descriptor = ::open(path, flags | O_NONBLOCK, mode);
+    return descriptor < 0 && errno == EWOULDBLOCK ? ::open(path, flags, mode) : descriptor;
+}
+
 /// Opens an existing file, or creates it where the disposition allows: -1 with errno set when neither succeeds.
 int OpenByDisposition(const char* path, int flags, DWORD disposition, mode_t mode, bool& existed)
 {
     existed = false;
     if (disposition == CREATE_NEW)
-        return ::open(path, flags | O_CREAT | O_EXCL, mode);
-    const int descriptor = ::open(path, flags);
+        return OpenAtOnce(path, flags | O_CREAT | O_EXCL, mode);
+    const int descriptor = OpenAtOnce(path, flags, mode);
     const bool mayCreate = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
     existed = descriptor >= 0;
     if (existed || errno != ENOENT || !mayCreate)
         return descriptor;
     // Not exclusively: the path may be a link to a file that is missing.
-    return ::open(path, flags | O_CREAT, mode);
+    return OpenAtOnce(path, flags | O_CREAT, mode);
 }
 
 /// The same for a file that is guarded, where `isGuarded` says so.
@@ -273,8 +280,8 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
         return INVALID_HANDLE_VALUE;
     };
     bool existed = false;
-    const int descriptor =
-        OpenAndGuard(native.c_str(), OpenFlags(access), disposition, mode, IsGuarded(access, share), existed);
+    const int flags = OpenFlags(access);
+    const int descriptor = OpenAndGuard(native.c_str(), flags, disposition, mode, IsGuarded(access, share), existed);
     if (descriptor < 0)
         return failed(errno == EEXIST ? ERROR_FILE_EXISTS : ErrorOfPath(errno, native));
 
@@ -287,6 +294,9 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
     {
     };
     if (::fstat(descriptor, &status) != 0)
+        return closeAndFail(ErrorFromErrno(errno));
+    // Reading and writing may wait.
+    if (!S_ISREG(status.st_mode) && ::fcntl(descriptor, F_SETFL, flags) != 0)
         return closeAndFail(ErrorFromErrno(errno));
     const bool changes = (UsedAccess(access) & FILE_SHARE_WRITE) || disposition == CREATE_ALWAYS;
     if (S_ISDIR(status.st_mode) || (existed && changes && IsReadOnly(status)))

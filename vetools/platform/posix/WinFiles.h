@@ -60,7 +60,8 @@ constexpr DWORD MOVEFILE_WRITE_THROUGH = 0x0008;
 /// CREATE_ALWAYS or OPEN_ALWAYS met an existing file, else 0. `security` and `templateFile` are not read, and of
 /// `flagsAndAttributes` only FILE_ATTRIBUTE_READONLY is. Sharing is enforced between the handles of this process.
 /// Other processes are kept from one thing, by a lock of the file: DeleteFileW leaves a file that is open to be written,
-/// unless FILE_SHARE_DELETE lets others delete it.
+/// unless FILE_SHARE_DELETE lets others delete it. The other end of a pipe is not waited for: without one, it reads as
+/// empty and is not opened for writing.
 VETOOLS_API HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void* security, DWORD disposition,
                                DWORD flagsAndAttributes, HANDLE templateFile);
 VETOOLS_API BOOL CloseHandle(HANDLE file);
