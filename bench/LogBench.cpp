@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/FileTestSupport.h"
 #include "vetools/logging/LogFileBase.h"
 #include "vetools/logging/VeDesignLog.h"
 
@@ -14,21 +15,12 @@ namespace
 
 constexpr std::string_view c_readyLine = "PID:4312 14:05:09 Message : 12 beams read from frame.vem, 3 warnings\n";
 
-/// The folder of this program, with a separator behind it, and nothing in it.
-std::wstring EmptyFolder()
-{
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "vetools-bench" / "";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directory(folder);
-    return folder.wstring();
-}
-
 /// A file to append to, opened as the log opens its own.
 class AppendedFile
 {
 public:
-    explicit AppendedFile(const std::wstring& path)
-        : m_file(::CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
+    explicit AppendedFile(const wchar_t* path)
+        : m_file(::CreateFileW(path, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                                FILE_ATTRIBUTE_NORMAL, nullptr))
     {
     }
@@ -48,22 +40,23 @@ private:
 
 void LogEntry(benchmark::State& state)
 {
-    const std::wstring folder = EmptyFolder();
-    LogFileBase::CreateInstance(folder.substr(0, folder.size() - 1).c_str(), 0);
+    const TestFolder folder;
+    LogFileBase::CreateInstance(folder.Path().wstring().c_str(), 0);
     LogFileBase& log = *LogFileBase::GetInstance();
     for (auto _ : state)
         log.WriteEntryBegin(LogFileBase::Message, true, true, nullptr, 0)
             .WriteEntryEnd(L"%d beams read from %s, %d warnings", 12, L"frame.vem", 3);
     LogFileBase::ReleaseInstance();
     const auto least = static_cast<std::uintmax_t>(state.iterations()) * (c_readyLine.size() - 8);
-    if (std::filesystem::file_size(folder + L"Log.txt") < least)
+    if (std::filesystem::file_size(folder / "Log.txt") < least)
         state.SkipWithError("entries are missing");
 }
 BENCHMARK(LogEntry);
 
 void BareWriteOfEntry(benchmark::State& state)
 {
-    const AppendedFile file(EmptyFolder() + L"Bare.txt");
+    const TestFolder folder;
+    const AppendedFile file(folder[L"Bare.txt"]);
     bool succeeded = true;
     for (auto _ : state)
         succeeded = file.Append(c_readyLine) && succeeded;
@@ -74,7 +67,8 @@ BENCHMARK(BareWriteOfEntry);
 
 void DesignLogLine(benchmark::State& state)
 {
-    VeDesignLog* const log = VeDesignLog::CreateLogFileManagerInstance(GUID{}, EmptyFolder());
+    const TestFolder folder;
+    VeDesignLog* const log = VeDesignLog::CreateLogFileManagerInstance(GUID{}, folder.Prefix());
     const std::wstring text = L"beam B12: 3 bars added";
     for (auto _ : state)
         log->Write(text, 1);
@@ -87,7 +81,8 @@ BENCHMARK(DesignLogLine);
 
 void BareOpenWriteClose(benchmark::State& state)
 {
-    const std::wstring path = EmptyFolder() + L"Bare.txt";
+    const TestFolder folder;
+    const CString path = folder[L"Bare.txt"];
     bool succeeded = true;
     for (auto _ : state)
         succeeded =
