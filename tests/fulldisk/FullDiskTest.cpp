@@ -22,8 +22,7 @@ int AskedInVain()
 
 }  // namespace
 
-// Kept: nothing is logged, and no hook asked, after the first full disk that no hook was asked about.
-TEST(FullDisk, IsLoggedOnceAndEveryLaterFailureOfWritingIsSilent)
+TEST(FullDisk, KeptIsLoggedOnceAndEveryLaterFailureOfWritingIsSilent)
 {
     const TestFolder folder;
     const ScopedLog log;

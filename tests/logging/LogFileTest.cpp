@@ -442,6 +442,19 @@ TEST_F(LogFile, EntriesAreSourceTimeLevelAndMessage)
 }
 // clang-format on
 
+TEST_F(LogFile, KeptCountsNoEntryWithoutTheTextOfItsLevel)
+{
+    OwnLog log;
+    OpenBare(log);
+    log.WriteEntryBegin(LogFileBase::Error, false, false, nullptr, 0).WriteEntryEnd(L"lost count");
+    EXPECT_EQ("PID:# lost count\n", Text());
+    EXPECT_EQ(0, log.Entries());
+    EXPECT_EQ(0, log.Errors());
+    log.WriteEntryBegin(LogFileBase::Error, true, false, nullptr, 0).WriteEntryEnd(L"counted");
+    EXPECT_EQ(1, log.Entries());
+    EXPECT_EQ(1, log.Errors());
+}
+
 TEST_F(LogFile, LevelsBeyondTheEnumerationHaveNoText)
 {
     const struct

@@ -118,8 +118,7 @@ TEST_F(Directory, IsNoFile)
     EXPECT_NE(0, CVeDirectory(m_folder[L""]).IsExist());
 }
 
-// Kept: the empty path stands for the root.
-TEST_F(Directory, WithoutAPathIsTheRoot)
+TEST_F(Directory, KeptWithoutAPathIsTheRoot)
 {
     EXPECT_NE(0, CVeDirectory(L"").IsExist());
     EXPECT_NE(0, CVeDirectory(L"\\").IsExist());
@@ -165,16 +164,14 @@ TEST_F(Directory, RemovesAnyOtherFolder)
     EXPECT_TRUE(Exists(L"own/file"));
 }
 
-// Kept: without its own folder nothing is removed.
-TEST_F(Directory, RemovesNothingWhenItsOwnFolderDoesNotExist)
+TEST_F(Directory, KeptRemovesNothingWhenItsOwnFolderDoesNotExist)
 {
     Make(L"other/file");
     EXPECT_EQ(0, At(L"missing").Remove(Path(L"other")));
     EXPECT_TRUE(Exists(L"other/file"));
 }
 
-// Kept: the own folder is asked for anew at every folder.
-TEST_F(Directory, RemovesNoFurtherFolderOnceItsOwnIsGone)
+TEST_F(Directory, KeptRemovesNoFurtherFolderOnceItsOwnIsGone)
 {
     Make(L"tree/a/file");
     Make(L"tree/b/file");
@@ -239,7 +236,7 @@ TEST_F(Directory, OfTenThousandEntriesIsListedAndRemoved)
     EXPECT_FALSE(Exists(L"tree"));
 }
 
-TEST_F(Directory, IsPurgedByDoingNothing)
+TEST_F(Directory, KeptIsPurgedByDoingNothing)
 {
     Make(L"file");
     EXPECT_EQ(1, At(L"").Purge());
@@ -279,8 +276,7 @@ TEST_F(Directory, HasAValidPathWithoutTheEightRefusedCharacters)
         EXPECT_EQ(1, CVeDirectory(valid).IsValidPath()) << testing::PrintToString(valid);
 }
 
-// Kept: the argument is not read.
-TEST_F(Directory, IsLookedForInItsParentWhateverNameIsGiven)
+TEST_F(Directory, KeptIsLookedForInItsParentWhateverNameIsGiven)
 {
     MakeFolder(L"Results");
     Make(L"file.txt");
@@ -349,6 +345,14 @@ TEST_F(Directory, ListsNamesWithoutTheirLastFourCharacters)
     EXPECT_EQ(all, names.Of(CVeDirectory(Path(L"list\\\\"))));
 }
 
+TEST_F(Directory, KeptListsFoldersTooAndCutsThemAsWell)
+{
+    MakeFolder(L"list/results");
+    MakeFolder(L"list/abc");
+    FileNames names;
+    EXPECT_EQ((std::vector<std::wstring>{L"abc", L"res"}), names.Of(At(L"list")));
+}
+
 TEST_F(Directory, FreesTheListWhenNothingIsFound)
 {
     Make(L"list/metric.sty");
@@ -364,8 +368,7 @@ TEST_F(Directory, FreesTheListWhenNothingIsFound)
     EXPECT_TRUE(names.IsNull());
 }
 
-// Kept: the slot of a name of four characters is not written.
-TEST_F(Directory, LeavesTheSlotOfANameOfFourCharactersAsItIs)
+TEST_F(Directory, KeptLeavesTheSlotOfANameOfFourCharactersAsItIs)
 {
     Make(L"list/.sty");
     Make(L"list/abc");
@@ -453,8 +456,8 @@ TEST_F(Directory, FindsAFreeNumberedFileName)
     EXPECT_EQ(CString(), At(L"missing").GetIncName(L"calc.txt"));
 }
 
-// Kept: base and extension count anywhere in a name, upper and lower case being different.
-TEST_F(Directory, CountsNamesThatHoldBaseAndExtensionAnywhere)
+// Upper and lower case differ.
+TEST_F(Directory, KeptCountsNamesThatHoldBaseAndExtensionAnywhere)
 {
     for (const wchar_t* name : {L"my calc.txt.bak", L".txt calc", L"Calc.txt", L"calc.TXT x", L"calc", L"other.txt"})
         Make(name);

@@ -123,8 +123,7 @@ TEST_F(LoggedFile, AtItsEndReadsNothingAndLogsNothing)
     EXPECT_EQ(Messages(), Errors());
 }
 
-// Kept: as at the end.
-TEST_F(LoggedFile, OfWhichNothingIsWantedReadsAsAFailure)
+TEST_F(LoggedFile, KeptOfWhichNothingIsWantedReadsAsAFailure)
 {
     const Handle file(MakeFile(), GENERIC_READ);
     DWORD count = 99;

@@ -37,7 +37,7 @@ int MakeRoom()
 
 }  // namespace
 
-TEST(DiskFullRetry, WritesOnceThereIsRoom)
+TEST(DiskFullRetry, KeptWritesAllBytesAgainOnceThereIsRoom)
 {
     const TestFolder folder;
     const ScopedLog log;
