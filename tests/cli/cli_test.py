@@ -996,12 +996,13 @@ class LogFollow(LogTest):
         self.stop(program)
 
     def test_text_behind_a_rest_goes_on_in_the_entry(self):
-        program = self.follow("Log.log", "-n", "0", "--pid", "1")
-        time.sleep(1.5)
+        self.add(b"PID:1 10:00:00 Message : zero\n")
+        program = self.follow("Log.log", "-n", "1", "--pid", "1")
+        self.assertEqual(self.next_message(program), "zero")
         self.add(b"PID:1 10:00:00 Error : one\n")
         self.assertEqual(self.next_message(program), "one")
         self.add(b"line\n")
-        self.assertEqual(json.loads(program.stdout.readline()), {"kind": "continued", "line": 18, "pid": 1, "level": "Error",
+        self.assertEqual(json.loads(program.stdout.readline()), {"kind": "continued", "line": 19, "pid": 1, "level": "Error",
                                                                  "time": "10:00:00", "message": "line"})
         self.stop(program)
 
