@@ -11,7 +11,7 @@ constexpr double c_defaultEpsilon = 1e-10;
 constexpr double c_defaultMin = -2e12;
 constexpr double c_defaultMax = 2e12;
 
-/// Two bounds, the lower one first. When one is not a number, so is one of each pair of comparisons with both.
+/// Two bounds, the lower one first. When one is not a number, a comparison with it fails, so nothing lies between the two.
 struct Bounds
 {
     Bounds(double a, double b)

@@ -6,8 +6,8 @@
 #include "vetools/platform/Export.h"
 #include "vetools/platform/Platform.h"
 
-/// VARIANTs of OLE Automation from and to numbers, texts and bytes. Nothing here throws on account of a value: what does
-/// not convert gives 0, 0.0, false, null or an empty text, and so does a null pointer.
+// VARIANTs of OLE Automation from and to numbers, texts and bytes. Nothing here throws on account of a value: what does
+// not convert gives 0, 0.0, false, null or an empty text, and so does a null pointer.
 
 /// Stores `size` bytes in *value as an array of them: VT_ARRAY | VT_UI1, one dimension from 0. Returns 1.
 /// Returns 0, and leaves *value, when `value` is null, when `data` is null although `size` is not 0, or when there is no
