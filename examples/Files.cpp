@@ -35,7 +35,7 @@ void ShowNames(const CVeDirectory& folder, wchar_t* filter)
 int main()
 {
     // A folder that nobody has yet, and the log of the process in it.
-    CVeDirectory job((std::filesystem::temp_directory_path() / "job").wstring().c_str());
+    CVeDirectory job((std::filesystem::current_path() / "job").wstring().c_str());
     job.IncName(nullptr);
     job.Create();
     LogFileBase::CreateInstance(job.m_strPath, 0);
