@@ -229,8 +229,8 @@ TEST(Object, IsHeldAsADerivedClassByAnIntrusivePointer)
 
 TEST(Object, CountsNothingForANullPointer)
 {
-    intrusive_ptr_add_ref(nullptr);
-    intrusive_ptr_release(nullptr);
+    EXPECT_NO_THROW(intrusive_ptr_add_ref(nullptr));
+    EXPECT_NO_THROW(intrusive_ptr_release(nullptr));
 }
 
 TEST(Object, HasItsVirtualFunctionsAndMembersInTheOrderThatHostsWereBuiltWith)
