@@ -110,6 +110,8 @@ TEST(LongDates, AreWrittenInTheWordsOfTheLanguage)
         {Failed(ERROR_INVALID_PARAMETER),       DateOf(2021, 0, 1)},
         {Failed(ERROR_INVALID_PARAMETER),       DateOf(2021, 1, 0)},
         {Failed(ERROR_INVALID_PARAMETER),       DateOf(0, 0, 0)},
+        {Failed(ERROR_INVALID_PARAMETER),       DateOf(2021, 257, 1)},
+        {Failed(ERROR_INVALID_PARAMETER),       DateOf(2021, 1, 257)},
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.expected, LongDate(row.date)) << row.date.wYear << '-' << row.date.wMonth << '-' << row.date.wDay;

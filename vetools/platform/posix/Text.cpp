@@ -8,6 +8,7 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include "vetools/platform/posix/ErrnoMapping.h"
 #include "vetools/platform/posix/TextOutput.h"
 #include "vetools/platform/posix/WinBase.h"
 
@@ -15,12 +16,6 @@ namespace
 {
 
 constexpr UChar32 c_replacement = 0xFFFD;
-
-int FailWith(DWORD error)
-{
-    ::SetLastError(error);
-    return 0;
-}
 
 bool IsKnownCodePage(UINT codePage)
 {
@@ -89,7 +84,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, L
 {
     const auto bytes = InputText(text, textSize, buffer, bufferSize);
     if (!bytes || !IsKnownCodePage(codePage))
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
 
     TextOutput<wchar_t> output(buffer, bufferSize);
     const std::int64_t size = static_cast<std::int64_t>(bytes->size());
@@ -98,7 +93,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textSize, L
         UChar32 character;
         U8_NEXT(bytes->data(), i, size, character);
         if (character < 0 && (flags & MB_ERR_INVALID_CHARS) != 0)
-            return FailWith(ERROR_NO_UNICODE_TRANSLATION);
+            return Fail(ERROR_NO_UNICODE_TRANSLATION);
         output.Put(static_cast<wchar_t>(character < 0 ? c_replacement : character));
     }
     return output.Result();
@@ -109,13 +104,13 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textSize, 
 {
     const auto characters = InputText(text, textSize, buffer, bufferSize);
     if (!characters || !IsKnownCodePage(codePage) || defaultCharacter != nullptr || usedDefaultCharacter != nullptr)
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
 
     TextOutput<char> output(buffer, bufferSize);
     for (const wchar_t character : *characters)
     {
         if (!IsEncodable(character) && (flags & WC_ERR_INVALID_CHARS) != 0)
-            return FailWith(ERROR_NO_UNICODE_TRANSLATION);
+            return Fail(ERROR_NO_UNICODE_TRANSLATION);
         const UChar32 encoded = IsEncodable(character) ? static_cast<UChar32>(character) : c_replacement;
         std::uint8_t sequence[U8_MAX_LENGTH];
         int length = 0;
@@ -143,9 +138,9 @@ DWORD CharLowerBuffW(LPWSTR text, DWORD length)
 int CompareStringW(LCID, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right, int rightLength)
 {
     if (left == nullptr || right == nullptr)
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
     if ((flags & ~NORM_IGNORECASE) != 0)
-        return FailWith(ERROR_INVALID_FLAGS);
+        return Fail(ERROR_INVALID_FLAGS);
 
     const auto viewOf = [](LPCWSTR text, int length)
     {

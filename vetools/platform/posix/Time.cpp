@@ -13,6 +13,7 @@
 #include <unicode/locid.h>
 #include <unicode/timezone.h>
 
+#include "vetools/platform/posix/ErrnoMapping.h"
 #include "vetools/platform/posix/TextOutput.h"
 #include "vetools/platform/posix/WinBase.h"
 
@@ -23,12 +24,6 @@ constexpr long c_nanosecondsPerMillisecond = 1'000'000;
 /// As on the system: a count is 100 nanoseconds.
 constexpr LONGLONG c_countsPerSecond = 10'000'000;
 constexpr long c_nanosecondsPerCount = 100;
-
-int FailWith(DWORD error)
-{
-    ::SetLastError(error);
-    return 0;
-}
 
 /// The local date and time of a second since 1970.
 SYSTEMTIME ZoneTime(time_t second)
@@ -63,6 +58,9 @@ bool IsBuffer(LPCWSTR buffer, int size)
 /// The day of a date as the system knows them, from 1601 on.
 std::optional<std::chrono::sys_days> DayOf(const SYSTEMTIME& time)
 {
+    // The calendar keeps only the lower byte of a month and of a day: 257 would be 1.
+    if (time.wMonth > 12 || time.wDay > 31)
+        return std::nullopt;
     const std::chrono::year_month_day date{std::chrono::year(time.wYear), std::chrono::month(time.wMonth),
                                            std::chrono::day(time.wDay)};
     const bool isKnown = date.ok() && time.wYear >= 1601 && time.wYear <= 30827;
@@ -239,10 +237,10 @@ void GetLocalTime(SYSTEMTIME* time)
 int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, LPWSTR buffer, int size)
 {
     if (flags != DATE_LONGDATE)
-        return FailWith(ERROR_INVALID_FLAGS);
+        return Fail(ERROR_INVALID_FLAGS);
     const std::optional<std::chrono::sys_days> day = DayOf(date != nullptr ? *date : LocalTime());
     if (!day || picture != nullptr || !IsBuffer(buffer, size))
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
 
     static std::mutex s_guard;
     // Never destroyed: at the end of the process the destructor of a static object may close a log.
@@ -250,7 +248,7 @@ int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, L
     const std::lock_guard guard(s_guard);
     TextOutput<wchar_t> output(buffer, size);
     if (!s_writer.Write(output, *day))
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
     output.Put(L'\0');
     return output.Result();
 }
@@ -258,14 +256,14 @@ int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, L
 int GetTimeFormatW(LCID, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR buffer, int size)
 {
     if ((flags & ~TIME_FORCE24HOURFORMAT) != 0)
-        return FailWith(ERROR_INVALID_FLAGS);
+        return Fail(ERROR_INVALID_FLAGS);
     const SYSTEMTIME shown = time != nullptr ? *time : LocalTime();
     if (!IsTimeOfDay(shown) || picture == nullptr || !IsBuffer(buffer, size))
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
 
     TextOutput<wchar_t> output(buffer, size);
     if (!TimePicture(picture, shown, (flags & TIME_FORCE24HOURFORMAT) != 0).Write(output))
-        return FailWith(ERROR_INVALID_PARAMETER);
+        return Fail(ERROR_INVALID_PARAMETER);
     output.Put(L'\0');
     return output.Result();
 }
