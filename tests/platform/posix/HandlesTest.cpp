@@ -55,6 +55,14 @@ TEST(Handles, ThatWereClosedReachNoFileThatTookTheirNumber)
     EXPECT_EQ((Bytes{'t', 'e', 'x', 't'}), ReadBytes(folder / "other"));
 }
 
+TEST(Handles, ThatMayNotWriteDoNotCutTheirFile)
+{
+    const TestFolder folder;
+    const HANDLE file = ::CreateFileW(folder[L"file"], GENERIC_READ, 0, nullptr, CREATE_NEW, 0, nullptr);
+    EXPECT_EQ(Failed(ERROR_ACCESS_DENIED), OutcomeOf([&] { return ::SetEndOfFile(file); }));
+    EXPECT_TRUE(::CloseHandle(file));
+}
+
 TEST(Handles, AreNotThoseOfTheStandardStreams)
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})

@@ -170,14 +170,22 @@ private:
     std::size_t m_next = 0;
 };
 
+using Searches = std::unordered_map<HANDLE, std::unique_ptr<Search>>;
+
 std::mutex s_searchesGuard;
-std::unordered_map<HANDLE, std::unique_ptr<Search>> s_searches;
+
+/// The searches under way. Never destroyed: objects that end after everything else may still search folders.
+Searches& OpenSearches()
+{
+    static Searches& s_searches = *new Searches;
+    return s_searches;
+}
 
 Search* SearchOf(HANDLE handle)
 {
     const std::lock_guard guard(s_searchesGuard);
-    const auto found = s_searches.find(handle);
-    return found != s_searches.end() ? found->second.get() : nullptr;
+    const auto found = OpenSearches().find(handle);
+    return found != OpenSearches().end() ? found->second.get() : nullptr;
 }
 
 /// The folder of a path, without the separator, which would make the longest of paths too long; empty when there is none.
@@ -230,7 +238,7 @@ HANDLE FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW found)
     }
     const std::lock_guard guard(s_searchesGuard);
     const HANDLE handle = search.get();
-    s_searches.emplace(handle, std::move(search));
+    OpenSearches().emplace(handle, std::move(search));
     return handle;
 }
 
@@ -245,7 +253,7 @@ BOOL FindNextFileW(HANDLE handle, LPWIN32_FIND_DATAW found)
 BOOL FindClose(HANDLE handle)
 {
     const std::lock_guard guard(s_searchesGuard);
-    return s_searches.erase(handle) != 0 ? 1 : Fail(ERROR_INVALID_HANDLE);
+    return OpenSearches().erase(handle) != 0 ? 1 : Fail(ERROR_INVALID_HANDLE);
 }
 
 BOOL CreateDirectoryW(LPCWSTR path, void*)

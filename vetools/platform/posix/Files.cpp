@@ -36,7 +36,13 @@ struct OpenFile
 };
 
 std::mutex s_openFilesGuard;
-std::vector<OpenFile> s_openFiles;
+
+/// All that is open in this process. Never destroyed: objects that end after everything else may still close a log.
+std::vector<OpenFile>& OpenFiles()
+{
+    static std::vector<OpenFile>& s_openFiles = *new std::vector<OpenFile>;
+    return s_openFiles;
+}
 
 // Handles are multiples of 4, never null, as the system's are.
 HANDLE HandleOf(int descriptor)
@@ -54,7 +60,7 @@ int NumberOf(HANDLE file)
 
 std::vector<OpenFile>::iterator FindOpen(HANDLE file)
 {
-    return std::find_if(s_openFiles.begin(), s_openFiles.end(),
+    return std::find_if(OpenFiles().begin(), OpenFiles().end(),
                         [number = NumberOf(file)](const OpenFile& opened) { return opened.descriptor == number; });
 }
 
@@ -64,7 +70,7 @@ std::optional<OpenFile> OpenFileOf(HANDLE file)
 {
     const std::lock_guard guard(s_openFilesGuard);
     const auto found = FindOpen(file);
-    return found != s_openFiles.end() ? std::optional(*found) : std::nullopt;
+    return found != OpenFiles().end() ? std::optional(*found) : std::nullopt;
 }
 
 int DescriptorOf(HANDLE file)
@@ -92,7 +98,7 @@ DWORD UsedAccess(DWORD access)
 
 bool IsShared(const OpenFile& opened)
 {
-    return std::all_of(s_openFiles.begin(), s_openFiles.end(),
+    return std::all_of(OpenFiles().begin(), OpenFiles().end(),
                        [&opened](const OpenFile& other)
                        {
                            const bool isSameFile = other.device == opened.device && other.inode == opened.inode;
@@ -105,7 +111,7 @@ bool IsShared(const OpenFile& opened)
 bool MayDelete(const struct stat& status)
 {
     const std::lock_guard guard(s_openFilesGuard);
-    return std::all_of(s_openFiles.begin(), s_openFiles.end(),
+    return std::all_of(OpenFiles().begin(), OpenFiles().end(),
                        [&status](const OpenFile& opened)
                        {
                            const bool isSameFile = opened.device == status.st_dev && opened.inode == status.st_ino;
@@ -113,7 +119,7 @@ bool MayDelete(const struct stat& status)
                        });
 }
 
-// Other processes know nothing of s_openFiles. Whoever writes to a file, and does not let others delete it, therefore holds
+// Other processes know nothing of OpenFiles(). Whoever writes to a file, and does not let others delete it, therefore holds
 // a shared lock on it, and whoever deletes it takes the lock for himself first. Where the file system locks nothing,
 // nothing is guarded.
 
@@ -271,24 +277,25 @@ bool GiveWriteTime(HANDLE file, const struct timespec& time)
     return ::futimens(DescriptorOf(file), times) == 0 || FailWithErrno();
 }
 
+HANDLE FailToOpen(DWORD error)
+{
+    SetLastError(error);
+    return INVALID_HANDLE_VALUE;
+}
+
 /// Opens or makes a file as CreateFileW does; one that is made has the access rights `mode`.
 HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD disposition, mode_t mode)
 {
-    const auto failed = [](DWORD error)
-    {
-        SetLastError(error);
-        return INVALID_HANDLE_VALUE;
-    };
     bool existed = false;
     const int flags = OpenFlags(access);
     const int descriptor = OpenAndGuard(native.c_str(), flags, disposition, mode, IsGuarded(access, share), existed);
     if (descriptor < 0)
-        return failed(errno == EEXIST ? ERROR_FILE_EXISTS : ErrorOfPath(errno, native));
+        return FailToOpen(errno == EEXIST ? ERROR_FILE_EXISTS : ErrorOfPath(errno, native));
 
-    const auto closeAndFail = [descriptor, &failed](DWORD error)
+    const auto closeAndFail = [descriptor](DWORD error)
     {
         ::close(descriptor);
-        return failed(error);
+        return FailToOpen(error);
     };
     struct stat status
     {
@@ -306,7 +313,7 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
         const std::lock_guard guard(s_openFilesGuard);
         if (S_ISREG(status.st_mode) && !IsShared(opened))
             return closeAndFail(ERROR_SHARING_VIOLATION);
-        s_openFiles.push_back(opened);
+        OpenFiles().push_back(opened);
     }
     // Only now: a file that others do not share must not lose its contents.
     const bool truncates = disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
@@ -314,7 +321,7 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
     {
         const DWORD error = ErrorFromErrno(errno);
         CloseHandle(HandleOf(descriptor));
-        return failed(error);
+        return FailToOpen(error);
     }
     const bool reportsExisting = existed && (disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS);
     SetLastError(reportsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
@@ -325,17 +332,12 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
 
 HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, void*, DWORD disposition, DWORD flagsAndAttributes, HANDLE)
 {
-    const auto failed = [](DWORD error)
-    {
-        SetLastError(error);
-        return INVALID_HANDLE_VALUE;
-    };
     if (!IsCompletePath(path))
-        return failed(ERROR_PATH_NOT_FOUND);
+        return FailToOpen(ERROR_PATH_NOT_FOUND);
     if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING)
-        return failed(ERROR_INVALID_PARAMETER);
+        return FailToOpen(ERROR_INVALID_PARAMETER);
     if (disposition == TRUNCATE_EXISTING && !(access & GENERIC_WRITE))
-        return failed(ERROR_INVALID_PARAMETER);
+        return FailToOpen(ERROR_INVALID_PARAMETER);
     const mode_t mode = flagsAndAttributes & FILE_ATTRIBUTE_READONLY ? 0444 : 0666;
     return OpenNative(NativePath(path), access, share, disposition, mode);
 }
@@ -346,9 +348,9 @@ BOOL CloseHandle(HANDLE file)
     {
         const std::lock_guard guard(s_openFilesGuard);
         const auto found = FindOpen(file);
-        if (found == s_openFiles.end())
+        if (found == OpenFiles().end())
             return Fail(ERROR_INVALID_HANDLE);
-        s_openFiles.erase(found);
+        OpenFiles().erase(found);
     }
     return ::close(descriptor) == 0 ? 1 : FailWithErrno();
 }
@@ -436,7 +438,9 @@ DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD from)
 
 BOOL SetEndOfFile(HANDLE file)
 {
-    const int descriptor = DescriptorOf(file);
+    const int descriptor = DescriptorFor(FILE_SHARE_WRITE, file);
+    if (descriptor < 0)
+        return 0;
     const off_t position = ::lseek(descriptor, 0, SEEK_CUR);
     return position >= 0 && ::ftruncate(descriptor, position) == 0 ? 1 : FailWithErrno();
 }

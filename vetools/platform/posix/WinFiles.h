@@ -76,7 +76,7 @@ VETOOLS_API BOOL FlushFileBuffers(HANDLE file);
 /// the new high part. Returns the new low part, INVALID_SET_FILE_POINTER with the last error set when that fails.
 VETOOLS_API DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD from);
 VETOOLS_API BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
-/// Cuts or extends the file to the file pointer.
+/// Cuts or extends the file to the file pointer; ERROR_ACCESS_DENIED for a handle that may not write.
 VETOOLS_API BOOL SetEndOfFile(HANDLE file);
 VETOOLS_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 
