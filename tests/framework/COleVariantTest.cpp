@@ -349,6 +349,21 @@ TEST(COleVariant, EqualsAValueOfTheSameTypeAndContents)
     EXPECT_FALSE(other == decimal);
 }
 
+TEST(COleVariant, EqualsNoOtherArrayWhenNeitherCanBeLookedAt)
+{
+    constexpr int c_mostLocks = 65535;
+    const COleVariant left = ByteArrayValue({1, 2});
+    const COleVariant right = ByteArrayValue({3, 4});
+    for (SAFEARRAY* const array : {left.parray, right.parray})
+        for (int i = 0; i < c_mostLocks; ++i)
+            ASSERT_EQ(S_OK, ::SafeArrayLock(array));
+    EXPECT_FALSE(left == right);
+    EXPECT_TRUE(left == left);
+    for (SAFEARRAY* const array : {left.parray, right.parray})
+        for (int i = 0; i < c_mostLocks; ++i)
+            ASSERT_EQ(S_OK, ::SafeArrayUnlock(array));
+}
+
 TEST(COleVariant, SurvivesEveryTypeThatIsSetDirectly)
 {
     for (int type = 0; type <= 0xFFFF; ++type)

@@ -216,6 +216,16 @@ TEST(SystemArray, CountsLocksUpTo65535)
         ASSERT_EQ(S_OK, ::SafeArrayUnlock(array));
 }
 
+TEST(SystemArray, WithoutDimensionsHasNoCopy)
+{
+    OwnedArray array(::SafeArrayCreateVector(VT_I4, 0, 2));
+    array->cDims = 0;
+    SAFEARRAY* copy = nullptr;
+    EXPECT_EQ(E_INVALIDARG, ::SafeArrayCopy(array, &copy));
+    EXPECT_EQ(nullptr, copy);
+    array->cDims = 1;
+}
+
 TEST(SystemArray, OfNullIsABadArgument)
 {
     LONG bound = 0;

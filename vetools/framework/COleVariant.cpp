@@ -61,7 +61,7 @@ bool EqualByteArrays(SAFEARRAY* left, SAFEARRAY* right)
         return false;
     const SafeArrayBytes leftBytes(left);
     const SafeArrayBytes rightBytes(right);
-    return std::ranges::equal(leftBytes.Bytes(), rightBytes.Bytes());
+    return leftBytes.IsLocked() && rightBytes.IsLocked() && std::ranges::equal(leftBytes.Bytes(), rightBytes.Bytes());
 }
 
 bool EqualDecimals(const DECIMAL& left, const DECIMAL& right)

@@ -248,7 +248,7 @@ HRESULT SafeArrayCopy(SAFEARRAY* array, SAFEARRAY** copy)
         *copy = nullptr;
         return S_OK;
     }
-    if (!HasHeader(array))
+    if (!HasHeader(array) || array->cDims == 0)
         return E_INVALIDARG;
 
     SAFEARRAY* const made = AllocateDescriptor(ElementType(array), array->cDims);

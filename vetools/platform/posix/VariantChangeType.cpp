@@ -171,7 +171,7 @@ HRESULT ToText(const VARIANT& source, USHORT flags, VARIANT& result)
     case c_bytes:
         return BytesToText(source.parray, result);
     case VT_EMPTY:
-        return MakeText(L"", L"", result);
+        return ResultText(::SysAllocStringLen(L"", 0), result);
     default:
         break;
     }
