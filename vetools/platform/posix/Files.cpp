@@ -277,6 +277,13 @@ bool GiveWriteTime(HANDLE file, const struct timespec& time)
     return ::futimens(DescriptorOf(file), times) == 0 || FailWithErrno();
 }
 
+/// Takes a file's contents away: by its descriptor where that may write, as the name may be another file's by now.
+bool Empty(const OpenFile& opened, const std::string& native)
+{
+    const bool mayWrite = opened.access & FILE_SHARE_WRITE;
+    return (mayWrite ? ::ftruncate(opened.descriptor, 0) : ::truncate(native.c_str(), 0)) == 0;
+}
+
 HANDLE FailToOpen(DWORD error)
 {
     SetLastError(error);
@@ -317,7 +324,7 @@ HANDLE OpenNative(const std::string& native, DWORD access, DWORD share, DWORD di
     }
     // Only now: a file that others do not share must not lose its contents.
     const bool truncates = disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
-    if (truncates && S_ISREG(status.st_mode) && status.st_size > 0 && ::truncate(native.c_str(), 0) != 0)
+    if (truncates && S_ISREG(status.st_mode) && status.st_size > 0 && !Empty(opened, native))
     {
         const DWORD error = ErrorFromErrno(errno);
         CloseHandle(HandleOf(descriptor));
