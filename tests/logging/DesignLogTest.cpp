@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DebuggerOutput.h"
+#include "tests/support/FileTestSupport.h"
 #include "tests/support/LogTestSupport.h"
 #include "vetools/logging/VeDesignLog.h"
 

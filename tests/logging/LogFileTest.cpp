@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DebuggerOutput.h"
+#include "tests/support/FileTestSupport.h"
 #include "tests/support/LogTestSupport.h"
 #include "vetools/logging/LogFileBase.h"
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <regex>
 #include <string>
 #include <vector>
 
 #include "tests/support/FileTestSupport.h"
-#include "tests/support/LogTestSupport.h"
 #include "vetools/logging/LogFileBase.h"
 
 /// Lets the log of the process lie in a folder of its own while it lives.
@@ -19,18 +17,7 @@ public:
 
     /// What the library's file functions have written so far: each message with its line break, up to the next entry, such
     /// as "error (6) writing in file\n".
-    std::vector<std::string> Errors() const
-    {
-        static const std::regex s_beginning(R"(PID:# veutilitiescommon\(\d+\)TIME Error : )");
-        const std::string text = LogTextOf(m_folder / "Log.txt");
-        std::vector<std::string> errors;
-        for (std::sregex_iterator i(text.begin(), text.end(), s_beginning), end; i != end; ++i)
-        {
-            const std::string rest = i->suffix();
-            errors.push_back(rest.substr(0, rest.find("PID:")));
-        }
-        return errors;
-    }
+    std::vector<std::string> Errors() const;
 
 private:
     TestFolder m_folder;

@@ -1,8 +1,10 @@
 #include <cstdlib>
+#include <regex>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/FileTestSupport.h"
 #include "tests/support/LogTestSupport.h"
 #include "vetools/logging/LogFileBase.h"
 #include "vetools/logging/VeDesignLog.h"
