@@ -12,9 +12,9 @@ from pathlib import Path
 # From the lowest to the highest. The folder of a layer is `vetools/<layer>`.
 LAYERS = ("platform", "framework", "resources", "objects", "logging", "util", "units", "valuetext", "unitmanager")
 # Users of the library: they may include every layer, but none another user, except where a folder is shared with those named
-# here: what the command is made of is tested as well, and benchmarks work in the temporary folders of tests.
+# here: what the command is made of is tested as well, and benchmarks and fuzz targets work in the temporary folders of tests.
 USERS = ("cli", "tests", "bench", "fuzz", "examples")
-SHARED = {"cli/": ("tests", "fuzz"), "tests/support/": ("bench",)}
+SHARED = {"cli/": ("tests", "fuzz"), "tests/support/": ("bench", "fuzz")}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SYSTEM_CONDITION = re.compile(
