@@ -34,7 +34,8 @@ int main()
         .WriteEntryEnd(L"%d beams read from %s", 12, L"frame.vem");
     log.WriteEntryBegin(LogFileBase::Warning, true, true, nullptr, 0)
         .WriteEntryEnd(L"left out: this log begins with messages");
-    log.WriteEntryBegin(LogFileBase::Error, true, true, "reader.cpp", 198).WriteEntryEnd(L"beam %s has no bars", L"B12");
+    log.WriteEntryBegin(LogFileBase::Error, true, true, "reader.cpp", 198)
+        .WriteEntryEnd(L"beam %s has no bars", L"B12");
     LogFileBase::ReleaseInstance();
     Show("Log.txt");
 

@@ -32,8 +32,7 @@ protected:
 
     VeDesignLog* Create(const GUID& guid, const wchar_t* behindFolder = L"")
     {
-        VeDesignLog* const log =
-            VeDesignLog::CreateLogFileManagerInstance(guid, m_folder.Prefix() + behindFolder);
+        VeDesignLog* const log = VeDesignLog::CreateLogFileManagerInstance(guid, m_folder.Prefix() + behindFolder);
         EXPECT_NE(nullptr, log);
         return log;
     }
@@ -174,7 +173,11 @@ TEST_F(DesignLog, TextsAreInUtf8OnBothBuilds)
 TEST_F(DesignLog, LinesSurviveCharactersWithoutAnEncoding)
 {
     Create(c_first)->Write(std::wstring(L"a") + wchar_t(0xD800) + L"b" + wchar_t(0xDC00) + L"c" + L'\0' + L"d", 7);
-    EXPECT_EQ(std::string("\na\xEF\xBF\xBD" "b\xEF\xBF\xBD" "c\0d", 12), Text());
+    EXPECT_EQ(std::string("\na\xEF\xBF\xBD"
+                          "b\xEF\xBF\xBD"
+                          "c\0d",
+                          12),
+              Text());
 }
 
 TEST_F(DesignLog, LinesAreWholeWhateverTheirLength)

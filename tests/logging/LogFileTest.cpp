@@ -156,10 +156,12 @@ TEST_F(LogFile, LeavesOutCommentsAndWarningsUnlessItIsOpenedForThem)
 {
     LogFileBase& log = Create();
     for (int level = LogFileBase::Comment; level <= LogFileBase::Exception; ++level)
-        log.WriteEntryBegin(static_cast<LogFileBase::EntryLevel>(level), true, false, nullptr, 0).WriteEntryEnd(L"text");
+        log.WriteEntryBegin(static_cast<LogFileBase::EntryLevel>(level), true, false, nullptr, 0)
+            .WriteEntryEnd(L"text");
     LogFileBase::ReleaseInstance();
-    EXPECT_EQ(c_started + std::string("PID:#  Message : text\nPID:#  Exception Message : text\nPID:#  Error : text\n"
-                                      "PID:#  Exception : text\n") +
+    EXPECT_EQ(c_started +
+                  std::string("PID:#  Message : text\nPID:#  Exception Message : text\nPID:#  Error : text\n"
+                              "PID:#  Exception : text\n") +
                   Ended(4, 2),
               Text("Log.txt"));
 }
@@ -463,11 +465,8 @@ TEST_F(LogFile, LevelsBeyondTheEnumerationHaveNoText)
         int level;
         const char* expected;
     } rows[] = {
-        {6, "PID:# file(1) : text\n"},
-        {99, "PID:# file(1) : text\n"},
-        {INT_MAX, "PID:# file(1) : text\n"},
-        {-5, "PID:#  : text\n"},
-        {INT_MIN, "PID:#  : text\n"},
+        {6, "PID:# file(1) : text\n"}, {99, "PID:# file(1) : text\n"}, {INT_MAX, "PID:# file(1) : text\n"},
+        {-5, "PID:#  : text\n"},       {INT_MIN, "PID:#  : text\n"},
     };
     OwnLog log;
     log.Open(OwnPath().c_str(), static_cast<LogFileBase::EntryLevel>(INT_MIN), true, nullptr);
@@ -558,7 +557,9 @@ TEST_F(LogFile, MessagesAreFormattedByTheConventionsOfWindows)
     OwnLog log;
     OpenBare(log);
     const auto begin = [&log]() -> LogFileBase&
-    { return log.WriteEntryBegin(LogFileBase::Comment, false, false, nullptr, 0); };
+    {
+        return log.WriteEntryBegin(LogFileBase::Comment, false, false, nullptr, 0);
+    };
 
     begin().WriteEntryEnd(L"%s %S %hs %ls %c %C", L"wide", "narrow", "short", L"long", L'w', 'n');
     EXPECT_EQ("PID:# wide narrow short long w n\n", Take());

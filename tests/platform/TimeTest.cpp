@@ -69,9 +69,8 @@ Written ResultOf(Call call)
 
 Written LongDate(const SYSTEMTIME& date, int size = c_capacity)
 {
-    return ResultOf(
-        [&](LPWSTR buffer)
-        { return ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_LONGDATE, &date, nullptr, buffer, size); });
+    return ResultOf([&](LPWSTR buffer)
+                    { return ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_LONGDATE, &date, nullptr, buffer, size); });
 }
 
 Written Time(const SYSTEMTIME& time, LPCWSTR picture, DWORD flags = TIME_FORCE24HOURFORMAT, int size = c_capacity)

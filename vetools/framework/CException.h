@@ -47,7 +47,7 @@ public:                                                                         
     CRuntimeClass* className::GetThisClass()                                                                           \
     {                                                                                                                  \
         static CRuntimeClass s_record = {#className, static_cast<int>(sizeof(className)), 0xFFFF, nullptr,             \
-                                         &className::_GetBaseClass};                                                    \
+                                         &className::_GetBaseClass};                                                   \
         return &s_record;                                                                                              \
     }                                                                                                                  \
     CRuntimeClass* className::GetRuntimeClass() const                                                                  \

@@ -92,8 +92,8 @@ bool LogFileBase::Open(const wchar_t* path, EntryLevel minLevel, bool append, co
         ::DeleteFileW(path);
     m_strPath = path != nullptr ? path : L"";
     // Kept: the handle of an open file is lost.
-    m_hFile = ::CreateFileW(m_strPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
-                            FILE_ATTRIBUTE_NORMAL, nullptr);
+    m_hFile = ::CreateFileW(m_strPath.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                            OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     // Kept: the value of a failure, INVALID_HANDLE_VALUE, counts as an open file.
     if (m_hFile == nullptr)
         return false;
@@ -110,7 +110,8 @@ void LogFileBase::WriteHeaderLine()
 {
     LogMoment now;
     Write(FormatWide(L"%s, %s, PID = %d QM%s.%d.%d\n", now.Date().data(), now.Time().data(), ProcessId(), c_versionYear,
-                     c_versionMajor, c_versionMinor).View());
+                     c_versionMajor, c_versionMinor)
+              .View());
 }
 
 void LogFileBase::Close(const wchar_t* trailer)
@@ -118,8 +119,9 @@ void LogFileBase::Close(const wchar_t* trailer)
     if (!IsOpen())
         return;
     LogMoment now;
-    Write(FormatWide(L"%s, %s, PID = %d, Entries = %d, Errors = %d \n", now.Date().data(), now.Time().data(), ProcessId(),
-                     m_nEntries, m_nErrors).View());
+    Write(FormatWide(L"%s, %s, PID = %d, Entries = %d, Errors = %d \n", now.Date().data(), now.Time().data(),
+                     ProcessId(), m_nEntries, m_nErrors)
+              .View());
     if (trailer != nullptr)
         Write(trailer);
     ::CloseHandle(m_hFile);

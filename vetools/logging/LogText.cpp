@@ -82,8 +82,8 @@ char* Encode(char* out, UINT codePage, std::wstring_view text)
 
 std::wstring_view LogMoment::Date()
 {
-    return ResultOf(m_dateText, ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_LONGDATE, &m_time, nullptr, m_dateText,
-                                                 c_capacity));
+    return ResultOf(m_dateText,
+                    ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_LONGDATE, &m_time, nullptr, m_dateText, c_capacity));
 }
 
 std::wstring_view LogMoment::Time()

@@ -35,12 +35,12 @@ std::int64_t Divisor(std::int64_t frequency, Chronometer::MeasureUnits units)
 {
     switch (units)
     {
-        case Chronometer::MicroSeconds:
-            return frequency / 1000000 / 1000;  // Kept: 0 for the usual frequencies
-        case Chronometer::MilliSeconds:
-            return frequency / 1000;
-        default:
-            return frequency;
+    case Chronometer::MicroSeconds:
+        return frequency / 1000000 / 1000;  // Kept: 0 for the usual frequencies
+    case Chronometer::MilliSeconds:
+        return frequency / 1000;
+    default:
+        return frequency;
     }
 }
 

@@ -72,7 +72,7 @@ TEST(LogFileOfAFork, IsWrittenToAndReleasedAlsoAtTheEndOfTheProcess)
     const Bytes bytes = ReadBytes(folder / "Log.txt");
     const std::string text(bytes.begin(), bytes.end());
     const std::string id = "PID:" + std::to_string(child);
-    EXPECT_NE(std::string::npos, text.find(id + "  Message : " + std::string(1000, 'x') + "\n" + id + "  Message : " +
-                                           std::string(300, 'x') + "\n"));
+    EXPECT_NE(std::string::npos, text.find(id + "  Message : " + std::string(1000, 'x') + "\n" + id +
+                                           "  Message : " + std::string(300, 'x') + "\n"));
     EXPECT_TRUE(text.ends_with("Entries = 2, Errors = 0 \n" + id + " Log ended\n")) << text;
 }

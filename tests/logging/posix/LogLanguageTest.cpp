@@ -87,8 +87,8 @@ TEST(LogLanguage, IsThatOfTheEnvironment)
         const Variable all("LC_ALL", row.all);
         const Variable time("LC_TIME", row.time);
         const Variable lang("LANG", row.lang);
-        EXPECT_EQ(row.expected, LongDate()) << (row.all ? row.all : "-") << ' ' << (row.time ? row.time : "-") << ' '
-                                            << (row.lang ? row.lang : "-");
+        EXPECT_EQ(row.expected, LongDate())
+            << (row.all ? row.all : "-") << ' ' << (row.time ? row.time : "-") << ' ' << (row.lang ? row.lang : "-");
     }
 }
 
@@ -102,7 +102,8 @@ TEST(LogLanguage, IsTheSameInBothKindsOfLog)
     log->Write(L"text", 0);
     log->DeleteSessionLog();
 
-    const std::string date = "(lundi|mardi|mercredi|jeudi|vendredi|samedi|dimanche) [1-3]?[0-9] [a-z\xC3\xA9\xBB]+ 20[0-9]{2}";
+    const std::string date =
+        "(lundi|mardi|mercredi|jeudi|vendredi|samedi|dimanche) [1-3]?[0-9] [a-z\xC3\xA9\xBB]+ 20[0-9]{2}";
     EXPECT_TRUE(std::regex_match(LogTextOf(folder / "Log.txt"),
                                  std::regex("PID:# Log started\nPID:# " + date + ", TIME, PID = # QM2020.0.0\nPID:# " +
                                             date + ", TIME, PID = #, Entries = 0, Errors = 0 \nPID:# Log ended\n")))

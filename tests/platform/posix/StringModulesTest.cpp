@@ -55,8 +55,9 @@ TEST(StringModules, TheRecordMayBeMadeInC)
 
 TEST(StringModules, SharedObjectsWithoutAUsableRecordAreNotLoaded)
 {
-    for (const wchar_t* form : {L"NO_RECORD", L"SMALL_RECORD", L"OTHER_VERSION", L"NO_STRINGS", L"TOO_MANY_STRINGS",
-                                L"DESCENDING", L"TWICE_THE_SAME", L"LARGE_ID", L"NEGATIVE_LENGTH", L"NO_TEXT", L"NEEDS_A_MODULE"})
+    for (const wchar_t* form :
+         {L"NO_RECORD", L"SMALL_RECORD", L"OTHER_VERSION", L"NO_STRINGS", L"TOO_MANY_STRINGS", L"DESCENDING",
+          L"TWICE_THE_SAME", L"LARGE_ID", L"NEGATIVE_LENGTH", L"NO_TEXT", L"NEEDS_A_MODULE"})
     {
         const std::wstring name = std::wstring(L"TestModule_") + form;
         EXPECT_EQ(ERROR_BAD_EXE_FORMAT, ErrorOfLoading(name.c_str())) << testing::PrintToString(name);

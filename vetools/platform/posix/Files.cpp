@@ -156,8 +156,8 @@ bool IsStillThere(int descriptor, const std::string& native)
     struct stat named
     {
     };
-    return ::fstat(descriptor, &opened) == 0 && ::lstat(native.c_str(), &named) == 0 &&
-           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+    return ::fstat(descriptor, &opened) == 0 && ::lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
 }
 
 /// Unlinks a plain file, unless another process guards it or has put another one in its place.
@@ -167,8 +167,9 @@ BOOL UnlinkUnguarded(const std::string& native)
     if (descriptor < 0)  // one who may not read it may delete it
         return ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
     const bool isFree = !IsLockedByOthers(descriptor, LOCK_EX) && IsStillThere(descriptor, native);
-    const BOOL succeeded =
-        !isFree ? Fail(ERROR_SHARING_VIOLATION) : ::unlink(native.c_str()) == 0 ? 1 : FailOfPath(native);
+    const BOOL succeeded = !isFree                         ? Fail(ERROR_SHARING_VIOLATION)
+                           : ::unlink(native.c_str()) == 0 ? 1
+                                                           : FailOfPath(native);
     ::close(descriptor);
     return succeeded;
 }

@@ -21,7 +21,8 @@ constexpr DWORD TIME_FORCE24HOURFORMAT = 0x0008;
 /// size     characters that `buffer` holds, the terminator included; 0 asks how many there would be
 /// Returns the characters written, with the terminator; 0 with the last error set when that fails:
 /// ERROR_INVALID_PARAMETER for a date that does not exist, ERROR_INSUFFICIENT_BUFFER.
-VETOOLS_API int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, LPWSTR buffer, int size);
+VETOOLS_API int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, LPCWSTR picture, LPWSTR buffer,
+                               int size);
 
 /// Writes a time by a picture of hours, minutes and seconds: "hh':'mm':'ss" gives 14:05:09.
 ///
@@ -32,7 +33,8 @@ VETOOLS_API int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date,
 ///          text within '…', where '' is an apostrophe; any other character but t stands for itself. A null picture,
 ///          and one with t, fail with ERROR_INVALID_PARAMETER
 /// Size and result are those of GetDateFormatW.
-VETOOLS_API int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR buffer, int size);
+VETOOLS_API int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR picture, LPWSTR buffer,
+                               int size);
 
 /// A count that grows steadily, whatever happens to the clock, and how much it grows in a second. Both always succeed.
 VETOOLS_API BOOL QueryPerformanceCounter(LARGE_INTEGER* count);
