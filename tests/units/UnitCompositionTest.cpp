@@ -228,11 +228,12 @@ TEST(UnitProduct, InPlaceGivesTheUnitItself)
 TEST(UnitProduct, MayBeOfAUnitWithItself)
 {
     CVeUnitBase unit = MakeCatalogueUnit(1, 1);
-    EXPECT_EQ(L"mmmm", NameOf(unit * unit));
-    unit *= unit;
+    const CVeUnitBase& itself = unit;
+    EXPECT_EQ(L"mmmm", NameOf(unit * itself));
+    unit *= itself;
     EXPECT_EQ(L"mmmm", NameOf(unit));
     EXPECT_EQ(1000000.0, unit.GetCoef());
-    unit /= unit;
+    unit /= itself;
     EXPECT_EQ(L"mmmm/mmmm", NameOf(unit));
     EXPECT_EQ(1.0, unit.GetCoef());
 }
